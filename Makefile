@@ -1,0 +1,51 @@
+# make run    installs what is missing, builds and starts Kivora
+# make test   installs what is missing, builds and runs every test (also under sanitizers)
+# make bench  builds and prints the benchmark figures
+# make format formats the sources with .clang-format
+
+BUILD      ?= build
+ASAN_BUILD ?= build-asan
+GENERATOR  := -G Ninja
+JOBS       ?= $(shell nproc)
+SOURCES     = $(shell git ls-files '*.cpp' '*.h' 2>/dev/null || find . -path ./build\* -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
+
+.PHONY: all deps build run test test-core test-asan check-format format bench clean
+
+all: build
+
+deps:
+	@scripts/install-deps
+
+$(BUILD)/build.ninja: | deps
+	cmake -S . -B $(BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+build: deps $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	@if [ -x $(BUILD)/app/kivora-app ]; then exec $(BUILD)/app/kivora-app; else exec $(BUILD)/cli/kivora; fi
+
+check-format: deps
+	@clang-format --dry-run --Werror $(SOURCES) && echo "format: clean"
+
+format:
+	clang-format -i $(SOURCES)
+
+test-core: build
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+$(ASAN_BUILD)/build.ninja: | deps
+	cmake -S . -B $(ASAN_BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=Debug -DKIVORA_CORE_ONLY=ON -DKIVORA_SANITIZE=ON
+
+test-asan: deps $(ASAN_BUILD)/build.ninja
+	cmake --build $(ASAN_BUILD) -j $(JOBS)
+	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+		ctest --output-on-failure -j $(JOBS) -L core
+
+test: check-format test-core test-asan
+
+bench: build
+	$(BUILD)/bench/kivora-bench
+
+clean:
+	rm -rf $(BUILD) $(ASAN_BUILD)

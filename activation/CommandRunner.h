@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+// Starts the external programs of an activation and waits for each. The program paths are
+// explicit; tests can point them at other executables, which then run for real.
+class CommandRunner {
+public:
+    struct Programs {
+        QString bash = QStringLiteral("/bin/bash");
+        QString env = QStringLiteral("/usr/bin/env");
+    };
+
+    CommandRunner() = default;
+    explicit CommandRunner(Programs programs) : m_programs(std::move(programs)) {}
+
+    // Runs `bash -c commandLine` and returns its standard output trimmed, or nothing when the
+    // output is empty, not UTF-8, or the shell could not start. Standard error is dropped.
+    std::optional<QString> shell(const QString& commandLine) const;
+
+    // Runs `env arguments…` (the first argument names a program found on PATH) with this
+    // process's standard streams, waits for it and ignores its status.
+    void run(const QStringList& arguments) const;
+
+    // Runs `program arguments…` with nothing captured; returns its exit status, or -1 when it
+    // could not be started or did not exit normally.
+    int execute(const QString& program, const QStringList& arguments) const;
+
+    const Programs& programs() const { return m_programs; }
+
+private:
+    Programs m_programs;
+};

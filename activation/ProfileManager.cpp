@@ -1,0 +1,231 @@
+#include "activation/ProfileManager.h"
+
+#include "activation/SSHKeyScanner.h"
+#include "ai/AIContextManager.h"
+#include "model/HomePath.h"
+
+namespace {
+
+QString resolvedHome(const QString& home)
+{
+    return home.isEmpty() ? HomePath::home() : home;
+}
+
+} // namespace
+
+ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, parent) {}
+
+ProfileManager::ProfileManager(Options options, QObject* parent)
+    : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
+      m_shell(m_home, m_runner), m_store(m_home), m_aiContext(options.aiContext),
+      m_restoreAIContext(options.restoreAIContext)
+{
+    start();
+}
+
+AIContextManager& ProfileManager::aiContext() const
+{
+    return m_aiContext ? *m_aiContext : AIContextManager::shared();
+}
+
+void ProfileManager::start()
+{
+    if (auto stored = m_store.load(&m_loadError)) {
+        m_profiles = std::move(stored->profiles);
+        m_activeProfileID = stored->activeProfileID;
+        m_loadError.clear();
+    } else {
+        m_startedFresh = true;
+        m_preservedFilePath = m_store.preserveUnreadable();
+        setupOnFreshInstall();
+    }
+    refreshGlobalConfig();
+    if (m_restoreAIContext) {
+        restoreAIContext();
+    }
+}
+
+void ProfileManager::restoreAIContext()
+{
+    const auto profile = activeProfile();
+    if (!profile) {
+        return;
+    }
+    if (profile->aiConfig.isEnabled && profile->aiConfig.isConfigured()) {
+        m_shell.ensureAIEnvFile(*profile);
+        aiContext().applyAIContext(*profile);
+    }
+}
+
+void ProfileManager::setupOnFreshInstall()
+{
+    refreshGlobalConfig();
+    const bool hasGlobal = !m_globalGitName.isEmpty() && !m_globalGitEmail.isEmpty();
+    const QString gitName = hasGlobal ? m_globalGitName : QString();
+    const QString gitEmail = hasGlobal ? m_globalGitEmail : QString();
+    const QStringList keys = SSHKeyScanner::scan(m_home);
+
+    const auto profileForKey = [&](const QString& key) {
+        return GitProfile::create(displayName(key), gitName, gitEmail,
+                                  QStringLiteral("~/.ssh/") + key);
+    };
+
+    if (keys.size() <= 1) {
+        const GitProfile profile =
+            keys.isEmpty()
+                ? GitProfile::create(QStringLiteral("Default"), gitName, gitEmail, QString())
+                : profileForKey(keys.first());
+        setProfiles({profile});
+        setActiveProfileID(profile.id);
+        if (hasGlobal) {
+            applyGlobally(profile);
+        } else if (keys.isEmpty()) {
+            setNeedsProfileSetup(true);
+        }
+        // One key and no global identity: a profile with empty git fields, yet no prompt.
+    } else {
+        QList<GitProfile> profiles;
+        for (const QString& key : keys) {
+            profiles.append(profileForKey(key));
+        }
+        setProfiles(profiles);
+        setActiveProfileID(m_profiles.first().id);
+        setNeedsProfileSetup(true);
+    }
+    save();
+}
+
+void ProfileManager::setProfiles(const QList<GitProfile>& profiles)
+{
+    if (m_profiles == profiles) {
+        return;
+    }
+    m_profiles = profiles;
+    emit profilesChanged();
+}
+
+void ProfileManager::setActiveProfileID(const std::optional<QUuid>& id)
+{
+    if (m_activeProfileID == id) {
+        return;
+    }
+    m_activeProfileID = id;
+    emit activeProfileIDChanged();
+}
+
+QString ProfileManager::activeProfileIDText() const
+{
+    return m_activeProfileID ? ProfileCodec::uuidText(*m_activeProfileID) : QString();
+}
+
+std::optional<GitProfile> ProfileManager::activeProfile() const
+{
+    if (!m_activeProfileID) {
+        return std::nullopt;
+    }
+    for (const GitProfile& profile : m_profiles) {
+        if (profile.id == *m_activeProfileID) {
+            return profile;
+        }
+    }
+    return std::nullopt;
+}
+
+void ProfileManager::setNeedsProfileSetup(bool needed)
+{
+    if (m_needsProfileSetup == needed) {
+        return;
+    }
+    m_needsProfileSetup = needed;
+    emit needsProfileSetupChanged();
+}
+
+void ProfileManager::setGlobalGitName(const QString& name)
+{
+    if (m_globalGitName == name) {
+        return;
+    }
+    m_globalGitName = name;
+    emit globalGitNameChanged();
+}
+
+void ProfileManager::setGlobalGitEmail(const QString& email)
+{
+    if (m_globalGitEmail == email) {
+        return;
+    }
+    m_globalGitEmail = email;
+    emit globalGitEmailChanged();
+}
+
+bool ProfileManager::save()
+{
+    return m_store.save(StoredData{m_profiles, m_activeProfileID});
+}
+
+void ProfileManager::refreshGlobalConfig()
+{
+    setGlobalGitName(m_runner.shell(QStringLiteral("git config --global user.name")).value_or(QString()));
+    setGlobalGitEmail(
+        m_runner.shell(QStringLiteral("git config --global user.email")).value_or(QString()));
+}
+
+void ProfileManager::applyGlobally(const GitProfile& profile)
+{
+    const QString git = QStringLiteral("git");
+    const QString config = QStringLiteral("config");
+    const QString global = QStringLiteral("--global");
+    m_runner.run({git, config, global, QStringLiteral("user.name"), profile.gitName});
+    m_runner.run({git, config, global, QStringLiteral("user.email"), profile.gitEmail});
+    if (!profile.sshKeyPath.isEmpty()) {
+        const QString key = HomePath::expandTilde(profile.sshKeyPath);
+        m_shell.ensureSSHWrapper();
+        // Neither part is quoted: git splits the value itself and paths are passed as they are.
+        m_runner.run({git, config, global, QStringLiteral("core.sshCommand"),
+                      m_shell.wrapperPath() + u' ' + key});
+    }
+    // Without a key the previous core.sshCommand stays in force.
+    m_shell.ensureAIEnvFile(profile);
+    aiContext().applyAIContext(profile);
+    setActiveProfileID(profile.id);
+    save();
+    refreshGlobalConfig();
+}
+
+GitProfile ProfileManager::addProfile(const QString& name, const QString& gitName,
+                                      const QString& gitEmail, const QString& sshKeyPath)
+{
+    const GitProfile profile = GitProfile::create(displayName(name), gitName, gitEmail, sshKeyPath);
+    QList<GitProfile> profiles = m_profiles;
+    profiles.append(profile);
+    setProfiles(profiles);
+    save();
+    return profile;
+}
+
+QString ProfileManager::displayName(const QString& name)
+{
+    QString text = name;
+    text.remove(QStringLiteral("id_"));
+    QString result;
+    result.reserve(text.size());
+    bool wordStart = true;
+    const QList<uint> codePoints = text.toUcs4();
+    for (const uint cp : codePoints) {
+        const char32_t c = cp;
+        if (QChar::isSpace(c)) {
+            wordStart = true;
+            result += QString::fromUcs4(&c, 1);
+            continue;
+        }
+        const QString letter = QString::fromUcs4(&c, 1);
+        if (wordStart) {
+            const char32_t title = QChar::toTitleCase(c);
+            result += title == c ? letter.toUpper() : QString::fromUcs4(&title, 1);
+        } else {
+            result += letter.toLower();
+        }
+        wordStart = false;
+    }
+    return result;
+}

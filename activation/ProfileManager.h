@@ -1,0 +1,106 @@
+#pragma once
+
+#include "activation/CommandRunner.h"
+#include "activation/ShellIntegration.h"
+#include "model/GitProfile.h"
+#include "model/ProfileStore.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QUuid>
+
+#include <optional>
+
+class AIContextManager;
+
+// Owns the profile list, the active profile and every side effect of switching identity.
+// The in-memory state is authoritative; the profile file mirrors it after each save().
+class ProfileManager : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<GitProfile> profiles READ profiles WRITE setProfiles NOTIFY profilesChanged)
+    Q_PROPERTY(QString activeProfileID READ activeProfileIDText NOTIFY activeProfileIDChanged)
+    Q_PROPERTY(QString globalGitName READ globalGitName NOTIFY globalGitNameChanged)
+    Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
+    Q_PROPERTY(bool needsProfileSetup READ needsProfileSetup WRITE setNeedsProfileSetup NOTIFY
+                   needsProfileSetupChanged)
+
+public:
+    struct Options {
+        QString home;                          // empty: the user's home folder
+        CommandRunner::Programs programs;      // the programs an activation starts
+        AIContextManager* aiContext = nullptr; // null: the process's shared instance
+        // At application start the saved profile's AI settings are put back into the
+        // environment. A one-shot command that only reads leaves that alone.
+        bool restoreAIContext = true;
+    };
+
+    explicit ProfileManager(QObject* parent = nullptr);
+    explicit ProfileManager(Options options, QObject* parent = nullptr);
+
+    const QList<GitProfile>& profiles() const { return m_profiles; }
+    void setProfiles(const QList<GitProfile>& profiles);
+
+    const std::optional<QUuid>& activeProfileID() const { return m_activeProfileID; }
+    void setActiveProfileID(const std::optional<QUuid>& id);
+    QString activeProfileIDText() const;
+    // The active profile, when the active id names one.
+    std::optional<GitProfile> activeProfile() const;
+
+    QString globalGitName() const { return m_globalGitName; }
+    QString globalGitEmail() const { return m_globalGitEmail; }
+
+    bool needsProfileSetup() const { return m_needsProfileSetup; }
+    void setNeedsProfileSetup(bool needed);
+
+    // Where the profiles live, and what happened to the file at start.
+    QString storagePath() const { return m_store.path(); }
+    bool startedFresh() const { return m_startedFresh; }
+    QString loadError() const { return m_loadError; }
+    QString preservedFilePath() const { return m_preservedFilePath; }
+
+    QString home() const { return m_home; }
+    const ShellIntegration& shellIntegration() const { return m_shell; }
+    const CommandRunner& runner() const { return m_runner; }
+
+    Q_INVOKABLE bool save();
+    Q_INVOKABLE void refreshGlobalConfig();
+    void applyGlobally(const GitProfile& profile);
+    GitProfile addProfile(const QString& name, const QString& gitName, const QString& gitEmail,
+                          const QString& sshKeyPath);
+
+    // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
+    static QString displayName(const QString& name);
+
+signals:
+    void profilesChanged();
+    void activeProfileIDChanged();
+    void globalGitNameChanged();
+    void globalGitEmailChanged();
+    void needsProfileSetupChanged();
+
+private:
+    void start();
+    void restoreAIContext();
+    void setupOnFreshInstall();
+    void setGlobalGitName(const QString& name);
+    void setGlobalGitEmail(const QString& email);
+    AIContextManager& aiContext() const;
+
+    QString m_home;
+    CommandRunner m_runner;
+    ShellIntegration m_shell;
+    ProfileStore m_store;
+    AIContextManager* m_aiContext;
+    bool m_restoreAIContext;
+
+    QList<GitProfile> m_profiles;
+    std::optional<QUuid> m_activeProfileID;
+    QString m_globalGitName;
+    QString m_globalGitEmail;
+    bool m_needsProfileSetup = false;
+
+    bool m_startedFresh = false;
+    QString m_loadError;
+    QString m_preservedFilePath;
+};

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/GitProfile.h"
+
+#include <QObject>
+
+#include <optional>
+
+// The AI configuration of the active identity, mirrored into this process's environment so
+// that every program Kivora starts inherits the provider's key.
+class AIContextManager : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool isConfigured READ isConfigured NOTIFY isConfiguredChanged)
+    Q_PROPERTY(bool hasCurrentConfig READ hasCurrentConfig NOTIFY currentConfigChanged)
+    Q_PROPERTY(AIConfig currentConfig READ currentConfigOrEmpty NOTIFY currentConfigChanged)
+
+public:
+    static inline const char* const openAIEnvKey = "OPENAI_API_KEY";
+    static inline const char* const anthropicEnvKey = "ANTHROPIC_API_KEY";
+    static inline const char* const googleEnvKey = "GOOGLE_AI_API_KEY";
+
+    explicit AIContextManager(QObject* parent = nullptr);
+
+    // The one instance of the process, created on first use.
+    static AIContextManager& shared();
+
+    const std::optional<AIConfig>& currentConfig() const { return m_currentConfig; }
+    bool hasCurrentConfig() const { return m_currentConfig.has_value(); }
+    AIConfig currentConfigOrEmpty() const { return m_currentConfig.value_or(AIConfig::empty()); }
+    bool isConfigured() const { return m_isConfigured; }
+
+    // Makes the profile's AI settings current when they are enabled and usable; clears
+    // otherwise. The keys of the providers not chosen are set to empty strings.
+    void applyAIContext(const GitProfile& profile);
+
+    // Forgets the configuration and removes the provider variables from the environment.
+    void clearAIContext();
+
+signals:
+    void currentConfigChanged();
+    void isConfiguredChanged();
+
+private:
+    void setCurrentConfig(std::optional<AIConfig> config);
+    void setIsConfigured(bool configured);
+
+    std::optional<AIConfig> m_currentConfig;
+    bool m_isConfigured = false;
+};

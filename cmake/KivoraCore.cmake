@@ -1,0 +1,19 @@
+# The core library: profile model, activation, AI context, preferences and updates.
+# It links only QtCore, QtNetwork and QtDBus, so the command line and the tests never
+# pull in a graphical module.
+set(KIVORA_CORE_DIRS model activation ai prefs updates)
+set(KIVORA_CORE_SOURCES)
+foreach(dir IN LISTS KIVORA_CORE_DIRS)
+    file(GLOB dir_sources CONFIGURE_DEPENDS
+         ${PROJECT_SOURCE_DIR}/${dir}/*.cpp ${PROJECT_SOURCE_DIR}/${dir}/*.h)
+    list(APPEND KIVORA_CORE_SOURCES ${dir_sources})
+endforeach()
+
+add_library(kivora_core STATIC ${KIVORA_CORE_SOURCES})
+target_include_directories(kivora_core PUBLIC ${PROJECT_SOURCE_DIR})
+target_link_libraries(kivora_core PUBLIC Qt6::Core Qt6::Network Qt6::DBus
+                      PRIVATE nlohmann_json::nlohmann_json)
+target_compile_definitions(kivora_core PUBLIC
+    KIVORA_VERSION="${PROJECT_VERSION}"
+    KIVORA_DEFAULT_FEED_URL="${KIVORA_UPDATE_FEED_URL}")
+kivora_strict(kivora_core)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFileDevice>
+#include <QString>
+
+#include <optional>
+
+// Whole-file writes that readers never see half done: the bytes go to a temporary file
+// beside the target, which then replaces it.
+class AtomicFile {
+public:
+    static constexpr QFileDevice::Permissions privateFile =
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+
+    // Writes `bytes` to `path`. With `permissions` the file gets exactly those; without,
+    // an existing file keeps its own and a new one gets the usual defaults. A symbolic
+    // link is followed, so a start-up file kept in a dotfiles folder stays a link.
+    static bool write(const QString& path, const QByteArray& bytes,
+                      std::optional<QFileDevice::Permissions> permissions = std::nullopt);
+
+    // Creates `path` and missing parents; the folders it creates are private to the user.
+    static bool makePrivateFolder(const QString& path);
+};

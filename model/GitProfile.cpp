@@ -1,0 +1,26 @@
+#include "model/GitProfile.h"
+
+#include "model/ProfileCodec.h"
+
+GitProfile GitProfile::empty()
+{
+    GitProfile profile;
+    profile.id = QUuid::createUuid();
+    return profile;
+}
+
+GitProfile GitProfile::create(const QString& name, const QString& gitName,
+                              const QString& gitEmail, const QString& sshKeyPath)
+{
+    GitProfile profile = empty();
+    profile.name = name;
+    profile.gitName = gitName;
+    profile.gitEmail = gitEmail;
+    profile.sshKeyPath = sshKeyPath;
+    return profile;
+}
+
+QString GitProfile::idText() const
+{
+    return ProfileCodec::uuidText(id);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/ProfileCodec.h"
+
+#include <QString>
+
+#include <optional>
+
+// The profile file, ~/.git-switcher/profiles.json: read whole, written whole and atomically,
+// private to the user.
+class ProfileStore {
+public:
+    // Computes the location under `home` and creates its folder (0700) when missing.
+    explicit ProfileStore(const QString& home);
+
+    QString path() const { return m_path; }
+
+    // Fails for a missing, unreadable or undecodable file; `error` then says why.
+    std::optional<StoredData> load(QString* error = nullptr) const;
+
+    bool save(const StoredData& data) const;
+
+    // Keeps a copy of a file that could not be read as profiles, so that replacing it loses
+    // nothing. Returns the copy's path, or an empty string when there was no file to keep.
+    QString preserveUnreadable() const;
+
+private:
+    QString m_path;
+};
