@@ -1,6 +1,7 @@
 #include "activation/ProfileManager.h"
 
 #include "activation/SSHKeyScanner.h"
+#include "activation/TerminalLauncher.h"
 #include "ai/AIContextManager.h"
 #include "model/HomePath.h"
 
@@ -201,6 +202,11 @@ GitProfile ProfileManager::addProfile(const QString& name, const QString& gitNam
     setProfiles(profiles);
     save();
     return profile;
+}
+
+void ProfileManager::openTerminal(const GitProfile& profile)
+{
+    TerminalLauncher(m_home).open(profile);
 }
 
 QString ProfileManager::displayName(const QString& name)

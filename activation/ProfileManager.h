@@ -68,6 +68,7 @@ public:
     void applyGlobally(const GitProfile& profile);
     GitProfile addProfile(const QString& name, const QString& gitName, const QString& gitEmail,
                           const QString& sshKeyPath);
+    Q_INVOKABLE void openTerminal(const GitProfile& profile);
 
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
     static QString displayName(const QString& name);

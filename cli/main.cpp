@@ -1,13 +1,21 @@
-#include "activation/ProfileManager.h"
+#include "cli/KivoraCli.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <cstdio>
+
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Kivora"));
     QCoreApplication::setApplicationName(QStringLiteral("Kivora"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KIVORA_VERSION));
-    QTextStream(stderr) << "kivora: the command line is not built yet\n";
-    return 2;
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    QTextStream in(stdin);
+    const int status = KivoraCli(QCoreApplication::arguments(), out, err, in).run();
+    out.flush();
+    err.flush();
+    return status;
 }

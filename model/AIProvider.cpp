@@ -37,4 +37,31 @@ std::optional<AIProvider> fromRawValue(const QString& raw)
     return std::nullopt;
 }
 
+const QStringList& models(AIProvider provider)
+{
+    static const QStringList openAI{QStringLiteral("gpt-4o"), QStringLiteral("gpt-4-turbo"),
+                                    QStringLiteral("gpt-3.5-turbo")};
+    static const QStringList anthropic{QStringLiteral("claude-3-5-sonnet"),
+                                       QStringLiteral("claude-3-opus"),
+                                       QStringLiteral("claude-3-haiku")};
+    static const QStringList google{QStringLiteral("gemini-1.5-pro"),
+                                    QStringLiteral("gemini-1.5-flash"), QStringLiteral("gemini-pro")};
+    static const QStringList azure{QStringLiteral("gpt-4"), QStringLiteral("gpt-35-turbo")};
+    static const QStringList local{QStringLiteral("llama"), QStringLiteral("mistral"),
+                                   QStringLiteral("codellama")};
+    switch (provider) {
+    case AIProvider::OpenAI:
+        return openAI;
+    case AIProvider::Anthropic:
+        return anthropic;
+    case AIProvider::Google:
+        return google;
+    case AIProvider::AzureOpenAI:
+        return azure;
+    case AIProvider::Local:
+        return local;
+    }
+    return openAI;
+}
+
 } // namespace AIProviders

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -18,5 +19,8 @@ QString rawValue(AIProvider provider);
 
 // Exact, case-sensitive: "openai" is not a provider.
 std::optional<AIProvider> fromRawValue(const QString& raw);
+
+// The models offered for a provider, its default first.
+const QStringList& models(AIProvider provider);
 
 } // namespace AIProviders

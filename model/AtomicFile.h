@@ -7,7 +7,10 @@
 #include <optional>
 
 // Whole-file writes that readers never see half done: the bytes go to a temporary file
-// beside the target, which then replaces it.
+// beside the target, which then replaces it with one rename. There is no fsync: a reader
+// sees the old or the new file, and ext4 and the other common file systems flush a file
+// that replaces another on rename. Activation writes several small files, and a sync each
+// would cost more than the rest of the switch.
 class AtomicFile {
 public:
     static constexpr QFileDevice::Permissions privateFile =

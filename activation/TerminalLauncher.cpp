@@ -1,0 +1,146 @@
+#include "activation/TerminalLauncher.h"
+
+#include "model/HomePath.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+
+namespace {
+
+// x with every double quote preceded by a backslash, for a value inside double quotes.
+QString escapedQuotes(QString text)
+{
+    return text.replace(u'"', QStringLiteral("\\\""));
+}
+
+// The executable a program name or path stands for, or an empty text when there is none.
+QString resolveProgram(const QString& program)
+{
+    if (program.contains(u'/')) {
+        const QFileInfo info(program);
+        return info.isFile() && info.isExecutable() ? info.absoluteFilePath() : QString();
+    }
+    return QStandardPaths::findExecutable(program);
+}
+
+} // namespace
+
+TerminalLauncher::TerminalLauncher(const QString& home)
+    : m_home(home.isEmpty() ? HomePath::home() : home)
+{
+}
+
+QString TerminalLauncher::commandLine(const GitProfile& profile, const QString& home)
+{
+    const QString n = escapedQuotes(profile.gitName);
+    const QString m = escapedQuotes(profile.gitEmail);
+    const QString d = escapedQuotes(profile.name);
+    const QString key = HomePath::expandTilde(profile.sshKeyPath);
+
+    QString exports = QStringLiteral("export GIT_AUTHOR_NAME=\"") + n +
+                      QStringLiteral("\"; export GIT_AUTHOR_EMAIL=\"") + m +
+                      QStringLiteral("\"; export GIT_COMMITTER_NAME=\"") + n +
+                      QStringLiteral("\"; export GIT_COMMITTER_EMAIL=\"") + m +
+                      QStringLiteral("\";");
+    // A key whose file has gone would make every ssh call of git fail, so it is left out.
+    // The wrapper and the key path are passed as they are, like core.sshCommand.
+    if (!profile.sshKeyPath.isEmpty() && QFileInfo::exists(key)) {
+        exports += QStringLiteral(" export GIT_SSH_COMMAND=\"") + home +
+                   QStringLiteral("/.kivora/kivora-ssh.sh") + u' ' + key + QStringLiteral("\";");
+    }
+
+    // "\\033" is the four characters \033: echo turns them into the escape character, which
+    // makes the first line bold and green. U+2713 is a check mark.
+    const QString greeting = QStringLiteral("echo \"\\033[1;32m\u2713 Git profile: ") + d +
+                             QStringLiteral("\\033[0m\"; echo \"  Name:  ") + n +
+                             QStringLiteral("\"; echo \"  Email: ") + m +
+                             QStringLiteral("\"; echo \"\"");
+
+    return exports + u' ' + greeting;
+}
+
+QString TerminalLauncher::shellCommand(const GitProfile& profile, const QString& home)
+{
+    return commandLine(profile, home) + QStringLiteral("; exec \"${SHELL:-/bin/bash}\" -i");
+}
+
+QStringList TerminalLauncher::bashInvocation(const QString& shellCommand)
+{
+    // bash's echo leaves backslash sequences alone unless xpg_echo is on; the option lasts
+    // only until exec hands the window to the user's shell.
+    return {QStringLiteral("/bin/bash"), QStringLiteral("-O"), QStringLiteral("xpg_echo"),
+            QStringLiteral("-c"), shellCommand};
+}
+
+QStringList TerminalLauncher::candidates()
+{
+    return {QStringLiteral("x-terminal-emulator"),
+            QStringLiteral("gnome-terminal"),
+            QStringLiteral("kgx"),
+            QStringLiteral("konsole"),
+            QStringLiteral("xfce4-terminal"),
+            QStringLiteral("kitty"),
+            QStringLiteral("alacritty"),
+            QStringLiteral("wezterm"),
+            QStringLiteral("foot"),
+            QStringLiteral("xterm")};
+}
+
+QStringList TerminalLauncher::emulatorArguments(const QString& emulator,
+                                                const QStringList& command)
+{
+    const QString name = QFileInfo(emulator).fileName();
+    if (name == QLatin1String("gnome-terminal") || name == QLatin1String("kgx")) {
+        return QStringList{QStringLiteral("--")} + command;
+    }
+    if (name == QLatin1String("wezterm")) {
+        return QStringList{QStringLiteral("start"), QStringLiteral("--")} + command;
+    }
+    if (name == QLatin1String("kitty") || name == QLatin1String("foot")) {
+        return command;
+    }
+    // xfce4-terminal's -e takes the whole command as one string to split; -x takes the rest
+    // of the arguments as they are.
+    if (name == QLatin1String("xfce4-terminal")) {
+        return QStringList{QStringLiteral("-x")} + command;
+    }
+    return QStringList{QStringLiteral("-e")} + command;
+}
+
+std::optional<TerminalLauncher::Launch> TerminalLauncher::open(const GitProfile& profile) const
+{
+    const QStringList command = bashInvocation(shellCommand(profile, m_home));
+
+    QStringList names;
+    const QString preferred = qEnvironmentVariable("TERMINAL");
+    if (!preferred.isEmpty()) {
+        names.append(preferred);
+    }
+    names += candidates();
+
+    QStringList tried;
+    for (const QString& name : names) {
+        const QString program = resolveProgram(name);
+        if (program.isEmpty() || tried.contains(program)) {
+            continue;
+        }
+        tried.append(program);
+
+        const QStringList arguments = emulatorArguments(program, command);
+        QProcess process;
+        process.setProgram(program);
+        process.setArguments(arguments);
+        if (QFileInfo(m_home).isDir()) {
+            process.setWorkingDirectory(m_home);
+        }
+        // The emulator's own chatter is nobody's business; the window is what counts.
+        process.setStandardInputFile(QProcess::nullDevice());
+        process.setStandardOutputFile(QProcess::nullDevice());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        if (process.startDetached()) {
+            return Launch{program, arguments};
+        }
+    }
+    return std::nullopt;
+}

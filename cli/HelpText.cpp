@@ -1,0 +1,124 @@
+#include "cli/HelpText.h"
+
+
+namespace {
+
+struct Entry {
+    QString synopsis;
+    QString summary;
+    QString details;
+};
+
+const QList<std::pair<QString, Entry>>& entries()
+{
+    static const QList<std::pair<QString, Entry>> all{
+        {QStringLiteral("list"),
+         {QStringLiteral("kivora list [--json]"),
+          QStringLiteral("Show the profiles in order; the active one is marked with *."),
+          QStringLiteral("  --json   print a JSON array of profiles (see docs/cli.md)\n")}},
+        {QStringLiteral("current"),
+         {QStringLiteral("kivora current [--json]"),
+          QStringLiteral("Show the active profile, the global git name and e-mail, and the AI "
+                         "provider in force."),
+          QStringLiteral("  --json   print a JSON object (see docs/cli.md)\n")}},
+        {QStringLiteral("use"),
+         {QStringLiteral("kivora use PROFILE"),
+          QStringLiteral("Make PROFILE the active identity: global git name, e-mail and SSH "
+                         "command, the AI environment file, and the saved choice."),
+          QString()}},
+        {QStringLiteral("add"),
+         {QStringLiteral("kivora add NAME --git-name N --git-email E [--ssh-key PATH]"),
+          QStringLiteral("Add a profile at the end of the list. \"id_\" is removed from NAME and "
+                         "each word capitalised: id_work becomes Work."),
+          QStringLiteral("  --git-name N    git user.name of the profile\n"
+                         "  --git-email E   git user.email of the profile\n"
+                         "  --ssh-key PATH  private key, for example ~/.ssh/id_ed25519\n")}},
+        {QStringLiteral("edit"),
+         {QStringLiteral("kivora edit PROFILE [options]"),
+          QStringLiteral("Change a profile. The changes take effect at its next activation."),
+          QStringLiteral("  --name N          display name\n"
+                         "  --git-name N      git user.name\n"
+                         "  --git-email E     git user.email\n"
+                         "  --ssh-key PATH    private key path (an empty PATH removes the key)\n"
+                         "  --ai on|off       switch the profile's AI context on or off\n"
+                         "  --ai-provider P   OpenAI, Anthropic, Google, \"Azure OpenAI\" or "
+                         "Local\n"
+                         "  --ai-model M      model name (a new provider picks its first model)\n"
+                         "  --ai-base-url U   base URL, Azure endpoint or local server address\n"
+                         "  --ai-key-stdin    read the API key from standard input\n")}},
+        {QStringLiteral("remove"),
+         {QStringLiteral("kivora remove PROFILE [--delete-key]"),
+          QStringLiteral("Delete a profile. Git settings stay as they are."),
+          QStringLiteral("  --delete-key   also delete the private key file and its .pub\n")}},
+        {QStringLiteral("export"),
+         {QStringLiteral("kivora export [FILE]"),
+          QStringLiteral("Write every profile as a JSON array, to FILE or standard output. The "
+                         "export holds API keys: FILE is made readable by you only."),
+          QString()}},
+        {QStringLiteral("import"),
+         {QStringLiteral("kivora import FILE"),
+          QStringLiteral("Add the profiles of an exported JSON array, with new ids, display names "
+                         "rewritten as by add, and no AI settings."),
+          QString()}},
+        {QStringLiteral("keys"),
+         {QStringLiteral("kivora keys"),
+          QStringLiteral("List the private keys in ~/.ssh that have their .pub beside them, "
+                         "sorted."),
+          QString()}},
+        {QStringLiteral("terminal"),
+         {QStringLiteral("kivora terminal PROFILE"),
+          QStringLiteral("Open a terminal window whose shell commits as PROFILE, without changing "
+                         "the global git settings."),
+          QString()}},
+        {QStringLiteral("check-updates"),
+         {QStringLiteral("kivora check-updates"),
+          QStringLiteral("Check the update feed now and say whether a newer version exists."),
+          QString()}},
+    };
+    return all;
+}
+
+} // namespace
+
+QStringList HelpText::commands()
+{
+    QStringList names;
+    for (const auto& [name, entry] : entries()) {
+        names << name;
+    }
+    return names;
+}
+
+QString HelpText::overview()
+{
+    QString text = QStringLiteral(
+        "Usage: kivora [COMMAND] [ARGUMENTS]\n"
+        "Switch between git identities.\n\n"
+        "Without a command, kivora starts the tray application.\n\n"
+        "Commands:\n");
+    for (const auto& [name, entry] : entries()) {
+        text += QStringLiteral("  %1\n      %2\n").arg(entry.synopsis, entry.summary);
+    }
+    text += QStringLiteral(
+        "\nPROFILE is a profile's id, its exact name, or the start of exactly one name (any "
+        "case).\n\n"
+        "Options:\n"
+        "  -h, --help      show this help, or a command's with kivora COMMAND --help\n"
+        "  -v, --version   show the version\n\n"
+        "Exit status: 0 on success, 1 when the work failed, 2 for a usage error.\n");
+    return text;
+}
+
+QString HelpText::forCommand(const QString& command)
+{
+    for (const auto& [name, entry] : entries()) {
+        if (name == command) {
+            QString text = QStringLiteral("Usage: %1\n%2\n").arg(entry.synopsis, entry.summary);
+            if (!entry.details.isEmpty()) {
+                text += QStringLiteral("\nOptions:\n") + entry.details;
+            }
+            return text;
+        }
+    }
+    return {};
+}

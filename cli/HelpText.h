@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// The command line's usage texts. The manual page is generated from the same texts.
+class HelpText {
+public:
+    static QString overview();
+    // Empty for an unknown command.
+    static QString forCommand(const QString& command);
+    static QStringList commands();
+};

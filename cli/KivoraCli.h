@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QStringList>
+#include <QTextStream>
+
+#include <memory>
+
+class ProfileManager;
+struct GitProfile;
+
+// The `kivora` command: parses the arguments, runs one command over the core and returns the
+// exit status (0 done, 1 the work failed, 2 a usage error).
+class KivoraCli {
+public:
+    enum Status { Success = 0, Failure = 1, UsageError = 2 };
+
+    KivoraCli(QStringList arguments, QTextStream& out, QTextStream& err, QTextStream& in);
+    ~KivoraCli();
+
+    int run();
+
+private:
+    int startApplication();
+    int list(const QStringList& args);
+    int current(const QStringList& args);
+    int use(const QStringList& args);
+    int add(const QStringList& args);
+    int edit(const QStringList& args);
+    int remove(const QStringList& args);
+    int exportProfiles(const QStringList& args);
+    int importProfiles(const QStringList& args);
+    int keys(const QStringList& args);
+    int terminal(const QStringList& args);
+    int checkUpdates(const QStringList& args);
+
+    // Parses a command's arguments; false when they are wrong (the error is printed) or when
+    // help was asked for (printed, and `m_status` says which).
+    bool parse(QCommandLineParser& parser, const QString& command, const QStringList& args,
+               int positionals, int optionalPositionals = 0);
+    ProfileManager& manager();
+    std::optional<GitProfile> resolve(const QString& query);
+    int fail(const QString& sentence, int status = Failure);
+
+    QStringList m_arguments;
+    QTextStream& m_out;
+    QTextStream& m_err;
+    QTextStream& m_in;
+    std::unique_ptr<ProfileManager> m_manager;
+    int m_status = Success;
+};
