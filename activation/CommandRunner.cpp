@@ -3,14 +3,22 @@
 #include <QProcess>
 #include <QStringDecoder>
 
-std::optional<QString> CommandRunner::shell(const QString& commandLine) const
+#include <memory>
+#include <vector>
+
+namespace {
+
+void startShell(QProcess& process, const QString& bash, const QString& commandLine)
 {
-    QProcess process;
-    process.setProgram(m_programs.bash);
+    process.setProgram(bash);
     process.setArguments({QStringLiteral("-c"), commandLine});
     process.setProcessChannelMode(QProcess::SeparateChannels);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start();
+}
+
+std::optional<QString> shellResult(QProcess& process)
+{
     if (!process.waitForFinished(-1)) {
         return std::nullopt;
     }
@@ -25,6 +33,29 @@ std::optional<QString> CommandRunner::shell(const QString& commandLine) const
         return std::nullopt;
     }
     return text;
+}
+
+} // namespace
+
+std::optional<QString> CommandRunner::shell(const QString& commandLine) const
+{
+    QProcess process;
+    startShell(process, m_programs.bash, commandLine);
+    return shellResult(process);
+}
+
+QList<std::optional<QString>> CommandRunner::shellAll(const QStringList& commandLines) const
+{
+    std::vector<std::unique_ptr<QProcess>> processes;
+    for (const QString& commandLine : commandLines) {
+        processes.push_back(std::make_unique<QProcess>());
+        startShell(*processes.back(), m_programs.bash, commandLine);
+    }
+    QList<std::optional<QString>> results;
+    for (auto& process : processes) {
+        results << shellResult(*process);
+    }
+    return results;
 }
 
 void CommandRunner::run(const QStringList& arguments) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -20,6 +21,10 @@ public:
     // Runs `bash -c commandLine` and returns its standard output trimmed, or nothing when the
     // output is empty, not UTF-8, or the shell could not start. Standard error is dropped.
     std::optional<QString> shell(const QString& commandLine) const;
+
+    // Runs several `bash -c` command lines at the same time and returns their results in order,
+    // each as `shell` gives it.
+    QList<std::optional<QString>> shellAll(const QStringList& commandLines) const;
 
     // Runs `env arguments…` (the first argument names a program found on PATH) with this
     // process's standard streams, waits for it and ignores its status.

@@ -19,7 +19,7 @@ ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, pare
 ProfileManager::ProfileManager(Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
       m_shell(m_home, m_runner), m_store(m_home), m_aiContext(options.aiContext),
-      m_restoreAIContext(options.restoreAIContext)
+      m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
     start();
 }
@@ -40,7 +40,9 @@ void ProfileManager::start()
         m_preservedFilePath = m_store.preserveUnreadable();
         setupOnFreshInstall();
     }
-    refreshGlobalConfig();
+    if (m_readGlobalIdentity || m_startedFresh) {
+        refreshGlobalConfig();
+    }
     if (m_restoreAIContext) {
         restoreAIContext();
     }
@@ -166,9 +168,12 @@ bool ProfileManager::save()
 
 void ProfileManager::refreshGlobalConfig()
 {
-    setGlobalGitName(m_runner.shell(QStringLiteral("git config --global user.name")).value_or(QString()));
-    setGlobalGitEmail(
-        m_runner.shell(QStringLiteral("git config --global user.email")).value_or(QString()));
+    // Both reads run at once: each is a shell and a git start, and they do not depend on
+    // each other.
+    const auto values = m_runner.shellAll({QStringLiteral("git config --global user.name"),
+                                           QStringLiteral("git config --global user.email")});
+    setGlobalGitName(values.value(0).value_or(QString()));
+    setGlobalGitEmail(values.value(1).value_or(QString()));
 }
 
 void ProfileManager::applyGlobally(const GitProfile& profile)

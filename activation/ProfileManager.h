@@ -33,6 +33,8 @@ public:
         // At application start the saved profile's AI settings are put back into the
         // environment. A one-shot command that only reads leaves that alone.
         bool restoreAIContext = true;
+        // A command that shows no global identity can skip reading it from git.
+        bool readGlobalIdentity = true;
     };
 
     explicit ProfileManager(QObject* parent = nullptr);
@@ -94,6 +96,7 @@ private:
     ProfileStore m_store;
     AIContextManager* m_aiContext;
     bool m_restoreAIContext;
+    bool m_readGlobalIdentity;
 
     QList<GitProfile> m_profiles;
     std::optional<QUuid> m_activeProfileID;

@@ -1,3 +1,4 @@
+#include "CliBench.h"
 #include "CoreBench.h"
 
 #include <QCoreApplication>
@@ -12,5 +13,7 @@ int main(int argc, char* argv[])
     out << "Kivora benchmarks (" << QSysInfo::prettyProductName() << ", "
         << QThread::idealThreadCount() << " cores)\n\n";
     CoreBench(out).run();
+    out << "\n";
+    CliBench(out).run();
     return 0;
 }

@@ -166,10 +166,11 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
     return true;
 }
 
-ProfileManager& KivoraCli::manager()
+ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
 {
     if (!m_manager) {
         ProfileManager::Options options;
+        options.readGlobalIdentity = withGlobalIdentity;
         // A command runs for a moment: the environment of this process is not worth restoring,
         // and a command that only reads must leave every file as it found it.
         options.restoreAIContext = false;
@@ -275,7 +276,7 @@ int KivoraCli::current(const QStringList& args)
     if (!parse(parser, QStringLiteral("current"), args, 0)) {
         return m_status;
     }
-    ProfileManager& profiles = manager();
+    ProfileManager& profiles = manager(true);
     const auto profile = profiles.activeProfile();
     if (parser.isSet(json)) {
         m_out << QString::fromUtf8(ProfileJson::current(profile, true, profiles.globalGitName(),

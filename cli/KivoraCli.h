@@ -38,7 +38,8 @@ private:
     // help was asked for (printed, and `m_status` says which).
     bool parse(QCommandLineParser& parser, const QString& command, const QStringList& args,
                int positionals, int optionalPositionals = 0);
-    ProfileManager& manager();
+    // The profile manager, created on first use; `withGlobalIdentity` reads git's identity.
+    ProfileManager& manager(bool withGlobalIdentity = false);
     std::optional<GitProfile> resolve(const QString& query);
     int fail(const QString& sentence, int status = Failure);
 

@@ -1,0 +1,14 @@
+#include "prefs/PreferencesFile.h"
+
+#include "model/HomePath.h"
+
+#include <QDir>
+
+QString PreferencesFile::path()
+{
+    QString configHome = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (configHome.isEmpty() || !QDir::isAbsolutePath(configHome)) {
+        configHome = HomePath::home() + QStringLiteral("/.config");
+    }
+    return QDir::cleanPath(configHome + QStringLiteral("/Kivora/Kivora.conf"));
+}
