@@ -9,9 +9,11 @@
 #include "model/AtomicFile.h"
 #include "model/HomePath.h"
 #include "model/ProfileCodec.h"
+#include "updates/Updater.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 
@@ -552,5 +554,24 @@ int KivoraCli::checkUpdates(const QStringList& args)
     if (!parse(parser, QStringLiteral("check-updates"), args, 0)) {
         return m_status;
     }
-    return fail(QStringLiteral("checking for updates is not available yet."));
+    Updater updater;
+    QEventLoop loop;
+    QObject::connect(&updater, &Updater::checkFinished, &loop, &QEventLoop::quit);
+    updater.checkForUpdates();
+    loop.exec();
+    switch (updater.state()) {
+    case Updater::State::UpToDate:
+        m_out << "Kivora " << updater.currentVersion() << " is up to date.\n";
+        return Success;
+    case Updater::State::UpdateFound:
+        m_out << "Kivora " << updater.availableVersion() << " is available (you have "
+              << updater.currentVersion() << ").\n";
+        if (!updater.downloadUrl().isEmpty()) {
+            m_out << "Download: " << updater.downloadUrl().toString() << "\n";
+        }
+        return Success;
+    default:
+        return fail(updater.errorMessage().isEmpty() ? QStringLiteral("the update check failed.")
+                                                     : updater.errorMessage());
+    }
 }

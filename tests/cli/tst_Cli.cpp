@@ -1,4 +1,5 @@
 #include "model/ProfileCodec.h"
+#include "support/LocalHttpServer.h"
 #include "support/TestHome.h"
 
 #include <QFileInfo>
@@ -452,6 +453,42 @@ private slots:
         QCOMPARE(complete(QStringLiteral("kivora us")), QStringList{QStringLiteral("use")});
         QCOMPARE(complete(QStringLiteral("kivora use W")), (QStringList{QStringLiteral("Work\\ Laptop"), QStringLiteral("Web")}));
         QCOMPARE(complete(QStringLiteral("kivora remove --del")), QStringList{QStringLiteral("--delete-key")});
+    }
+
+    void checkUpdatesAgainstAFeed_data()
+    {
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<int>("httpStatus");
+        QTest::addColumn<int>("exitStatus");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("up to date") << QByteArray(KIVORA_VERSION) << 200 << 0 << QStringLiteral("is up to date");
+        QTest::newRow("newer") << QByteArray("99.1") << 200 << 0 << QStringLiteral("Kivora 99.1 is available");
+        QTest::newRow("not found") << QByteArray("99.1") << 404 << 1 << QStringLiteral("404");
+    }
+
+    void checkUpdatesAgainstAFeed()
+    {
+        QFETCH(QByteArray, version);
+        QFETCH(int, httpStatus);
+        QFETCH(int, exitStatus);
+        QFETCH(QString, expected);
+        LocalHttpServer server;
+        server.route("/appcast.xml",
+                     {httpStatus,
+                      "<?xml version=\"1.0\"?><rss version=\"2.0\" "
+                      "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>"
+                      "<item><title>Kivora</title><sparkle:version>" + version + "</sparkle:version>"
+                      "<link>https://example.org/download</link></item></channel></rss>",
+                      "application/rss+xml"});
+        m_home->setEnv("KIVORA_UPDATE_FEED_URL", server.url(QStringLiteral("/appcast.xml")).toEncoded());
+        // The feed is served by this process, so its event loop runs while kivora waits.
+        QProcess process;
+        process.start(qEnvironmentVariable("KIVORA_CLI"), {QStringLiteral("check-updates")});
+        QTRY_VERIFY_WITH_TIMEOUT(process.state() == QProcess::NotRunning, 30000);
+        QCOMPARE(process.exitCode(), exitStatus);
+        const QString output = QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError());
+        QVERIFY2(output.contains(expected), qPrintable(output));
+        QCOMPARE(server.requests().size(), 1);
     }
 
     void unreadableFileIsKeptAndReported()
