@@ -52,6 +52,7 @@ void ProfileEdits::appendProfile(ProfileManager& manager, const GitProfile& prof
 void ProfileEdits::addScannedKeys(ProfileManager& manager, const QList<ScannedKey>& keys)
 {
     for (const ScannedKey& key : keys) {
-        manager.addProfile(key.keyName, key.name, key.email, QStringLiteral("~/.ssh/") + key.keyName);
+        manager.addProfile(key.keyName, key.name, key.email,
+                           QStringLiteral("~/.ssh/") + key.keyName);
     }
 }

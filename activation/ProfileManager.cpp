@@ -74,10 +74,9 @@ void ProfileManager::setupOnFreshInstall()
     };
 
     if (keys.size() <= 1) {
-        const GitProfile profile =
-            keys.isEmpty()
-                ? GitProfile::create(QStringLiteral("Default"), gitName, gitEmail, QString())
-                : profileForKey(keys.first());
+        const GitProfile profile = keys.isEmpty() ? GitProfile::create(QStringLiteral("Default"),
+                                                                       gitName, gitEmail, QString())
+                                                  : profileForKey(keys.first());
         setProfiles({profile});
         setActiveProfileID(profile.id);
         if (hasGlobal) {

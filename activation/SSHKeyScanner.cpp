@@ -9,8 +9,8 @@ QStringList SSHKeyScanner::scan(const QString& home)
 {
     const QString folder = home + QStringLiteral("/.ssh");
     QStringList keys;
-    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System |
-                                     QDir::NoDotAndDotDot);
+    QDirIterator entries(folder,
+                         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     while (entries.hasNext()) {
         entries.next();
         const QString name = entries.fileName();

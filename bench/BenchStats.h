@@ -18,7 +18,8 @@ struct BenchStats {
         }
         std::sort(samples.begin(), samples.end());
         const auto at = [&samples](double q) {
-            const qsizetype i = std::min<qsizetype>(samples.size() - 1, qsizetype(q * double(samples.size() - 1) + 0.5));
+            const qsizetype i = std::min<qsizetype>(
+                samples.size() - 1, qsizetype(q * double(samples.size() - 1) + 0.5));
             return samples.at(i);
         };
         stats.median = at(0.5);

@@ -29,12 +29,14 @@ void CliBench::run()
     TestHome home;
     QList<GitProfile> profiles;
     for (int i = 0; i < 10; ++i) {
-        profiles << GitProfile::create(QStringLiteral("Profile %1").arg(i), QStringLiteral("Person %1").arg(i),
-                                       QStringLiteral("p%1@example.com").arg(i), QStringLiteral("~/.ssh/id_%1").arg(i));
+        profiles << GitProfile::create(
+            QStringLiteral("Profile %1").arg(i), QStringLiteral("Person %1").arg(i),
+            QStringLiteral("p%1@example.com").arg(i), QStringLiteral("~/.ssh/id_%1").arg(i));
     }
     home.write(QStringLiteral(".git-switcher/profiles.json"),
                ProfileCodec::encodeStore({profiles, profiles.first().id}));
-    home.git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"), QStringLiteral("Person 0")});
+    home.git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"),
+              QStringLiteral("Person 0")});
 
     const QString kivora = QStringLiteral(KIVORA_CLI_PATH);
     QList<double> current;
@@ -43,7 +45,9 @@ void CliBench::run()
     for (int i = 0; i < rounds; ++i) {
         current << timeOnce(kivora, {QStringLiteral("current")});
         list << timeOnce(kivora, {QStringLiteral("list")});
-        git << timeOnce(QStringLiteral("git"), {QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name")});
+        git << timeOnce(
+            QStringLiteral("git"),
+            {QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name")});
     }
     const BenchStats gitStats = BenchStats::of(git);
     const BenchStats currentStats = BenchStats::of(current);
@@ -51,7 +55,8 @@ void CliBench::run()
     m_out << "command line (" << rounds << " runs each, 10 profiles)\n";
     m_out << "  git config --global user.name: " << gitStats.text() << "\n";
     m_out << "  kivora current:                " << currentStats.text() << "  ("
-          << QString::number(currentStats.median / gitStats.median, 'f', 1) << "× git; target < 4×)\n";
+          << QString::number(currentStats.median / gitStats.median, 'f', 1)
+          << "× git; target < 4×)\n";
     m_out << "  kivora list:                   " << listStats.text() << "  ("
           << QString::number(listStats.median / gitStats.median, 'f', 1) << "× git; target < 4×)\n";
     m_out.flush();

@@ -22,10 +22,9 @@ double elapsedMs(const QElapsedTimer& timer)
 
 GitProfile keyedAIProfile(int n)
 {
-    GitProfile profile = GitProfile::create(QStringLiteral("Profile %1").arg(n),
-                                            QStringLiteral("Person %1").arg(n),
-                                            QStringLiteral("person%1@example.com").arg(n),
-                                            QStringLiteral("~/.ssh/id_bench_%1").arg(n));
+    GitProfile profile = GitProfile::create(
+        QStringLiteral("Profile %1").arg(n), QStringLiteral("Person %1").arg(n),
+        QStringLiteral("person%1@example.com").arg(n), QStringLiteral("~/.ssh/id_bench_%1").arg(n));
     profile.aiConfig.isEnabled = true;
     profile.aiConfig.provider = n % 2 ? AIProvider::Anthropic : AIProvider::OpenAI;
     profile.aiConfig.apiKey = QStringLiteral("sk-bench-%1").arg(n);
@@ -89,7 +88,8 @@ void CoreBench::activation()
         timer.restart();
         spawn(env, {git, config, global, QStringLiteral("user.name"), p.gitName}, false);
         spawn(env, {git, config, global, QStringLiteral("user.email"), p.gitEmail}, false);
-        spawn(env, {git, config, global, QStringLiteral("core.sshCommand"), QStringLiteral("w k")}, false);
+        spawn(env, {git, config, global, QStringLiteral("core.sshCommand"), QStringLiteral("w k")},
+              false);
         spawn(bash, {QStringLiteral("-c"), QStringLiteral("git config --global user.name")}, true);
         spawn(bash, {QStringLiteral("-c"), QStringLiteral("git config --global user.email")}, true);
         bare << elapsedMs(timer);
@@ -100,10 +100,11 @@ void CoreBench::activation()
     m_out << "activation (" << activationRounds
           << " applyGlobally, two profiles with keys and AI, alternating)\n";
     m_out << "  applyGlobally:          " << applyStats.text() << "\n";
-    m_out << "  bare child processes:   " << bareStats.text() << "  (3 × env git config, 2 × bash -c git config)\n";
-    m_out << "  overhead beyond them:   median " << QString::number(applyStats.median - bareStats.median, 'f', 2)
-          << " ms, p95 " << QString::number(applyStats.p95 - bareStats.p95, 'f', 2)
-          << " ms  (target < 2 ms)\n";
+    m_out << "  bare child processes:   " << bareStats.text()
+          << "  (3 × env git config, 2 × bash -c git config)\n";
+    m_out << "  overhead beyond them:   median "
+          << QString::number(applyStats.median - bareStats.median, 'f', 2) << " ms, p95 "
+          << QString::number(applyStats.p95 - bareStats.p95, 'f', 2) << " ms  (target < 2 ms)\n";
     m_out.flush();
 }
 

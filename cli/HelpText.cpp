@@ -1,6 +1,5 @@
 #include "cli/HelpText.h"
 
-
 namespace {
 
 struct Entry {
@@ -91,11 +90,10 @@ QStringList HelpText::commands()
 
 QString HelpText::overview()
 {
-    QString text = QStringLiteral(
-        "Usage: kivora [COMMAND] [ARGUMENTS]\n"
-        "Switch between git identities.\n\n"
-        "Without a command, kivora starts the tray application.\n\n"
-        "Commands:\n");
+    QString text = QStringLiteral("Usage: kivora [COMMAND] [ARGUMENTS]\n"
+                                  "Switch between git identities.\n\n"
+                                  "Without a command, kivora starts the tray application.\n\n"
+                                  "Commands:\n");
     for (const auto& [name, entry] : entries()) {
         text += QStringLiteral("  %1\n      %2\n").arg(entry.synopsis, entry.summary);
     }

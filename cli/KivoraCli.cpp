@@ -148,7 +148,8 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
         if (!error.isEmpty()) {
             error[0] = error[0].toLower();
         }
-        m_status = fail(QStringLiteral("%1; see kivora %2 --help.").arg(error, command), UsageError);
+        m_status =
+            fail(QStringLiteral("%1; see kivora %2 --help.").arg(error, command), UsageError);
         return false;
     }
     if (parser.isSet(help)) {
@@ -159,10 +160,11 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
     const qsizetype given = parser.positionalArguments().size();
     if (given < positionals || given > positionals + optionalPositionals) {
         const QString usage = HelpText::forCommand(command).section(u'\n', 0, 0).mid(7);
-        m_status = fail(given < positionals
-                            ? QStringLiteral("%1 is missing an argument; usage: %2.").arg(command, usage)
-                            : QStringLiteral("%1 takes no more arguments than: %2.").arg(command, usage),
-                        UsageError);
+        m_status =
+            fail(given < positionals
+                     ? QStringLiteral("%1 is missing an argument; usage: %2.").arg(command, usage)
+                     : QStringLiteral("%1 takes no more arguments than: %2.").arg(command, usage),
+                 UsageError);
         return false;
     }
     return true;
@@ -213,8 +215,9 @@ int KivoraCli::startApplication()
             const QByteArray program = QFile::encodeName(info.canonicalFilePath());
             char* const argv[] = {const_cast<char*>(program.constData()), nullptr};
             ::execv(program.constData(), argv);
-            return fail(QStringLiteral("cannot start %1: %2.")
-                            .arg(info.canonicalFilePath(), QString::fromLocal8Bit(std::strerror(errno))));
+            return fail(
+                QStringLiteral("cannot start %1: %2.")
+                    .arg(info.canonicalFilePath(), QString::fromLocal8Bit(std::strerror(errno))));
         }
     }
     return fail(QStringLiteral("the tray application is not installed; the commands work "
@@ -289,16 +292,18 @@ int KivoraCli::current(const QStringList& args)
     const auto orNotSet = [](const QString& text) {
         return text.isEmpty() ? QStringLiteral("(not set)") : printable(text);
     };
-    m_out << "Profile:    " << (profile ? printable(profile->name) : QStringLiteral("none")) << "\n";
+    m_out << "Profile:    " << (profile ? printable(profile->name) : QStringLiteral("none"))
+          << "\n";
     m_out << "Git name:   " << orNotSet(profiles.globalGitName()) << "\n";
     m_out << "Git email:  " << orNotSet(profiles.globalGitEmail()) << "\n";
     if (profile) {
         m_out << "SSH key:    "
-              << (profile->sshKeyPath.isEmpty() ? QStringLiteral("none") : printable(profile->sshKeyPath))
+              << (profile->sshKeyPath.isEmpty() ? QStringLiteral("none")
+                                                : printable(profile->sshKeyPath))
               << "\n";
     }
-    m_out << "AI:         " << (profile ? aiSummary(profile->aiConfig) : QStringLiteral("Not configured"))
-          << "\n";
+    m_out << "AI:         "
+          << (profile ? aiSummary(profile->aiConfig) : QStringLiteral("Not configured")) << "\n";
     return Success;
 }
 
@@ -358,7 +363,8 @@ int KivoraCli::edit(const QStringList& args)
     const QCommandLineOption gitEmail(QStringLiteral("git-email"), QString(), QStringLiteral("E"));
     const QCommandLineOption sshKey(QStringLiteral("ssh-key"), QString(), QStringLiteral("PATH"));
     const QCommandLineOption ai(QStringLiteral("ai"), QString(), QStringLiteral("on|off"));
-    const QCommandLineOption provider(QStringLiteral("ai-provider"), QString(), QStringLiteral("P"));
+    const QCommandLineOption provider(QStringLiteral("ai-provider"), QString(),
+                                      QStringLiteral("P"));
     const QCommandLineOption model(QStringLiteral("ai-model"), QString(), QStringLiteral("M"));
     const QCommandLineOption baseUrl(QStringLiteral("ai-base-url"), QString(), QStringLiteral("U"));
     const QCommandLineOption keyStdin(QStringLiteral("ai-key-stdin"));

@@ -28,7 +28,8 @@ Json profileObject(const GitProfile& profile, bool active)
 
 QByteArray text(const Json& json)
 {
-    return QByteArray::fromStdString(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    return QByteArray::fromStdString(json.dump(2, ' ', false, Json::error_handler_t::replace) +
+                                     "\n");
 }
 
 } // namespace

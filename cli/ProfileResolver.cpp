@@ -47,10 +47,11 @@ std::optional<GitProfile> ProfileResolver::resolve(const QString& query, QString
                      .arg(quoted(query), quotedList(candidates, true));
         return std::nullopt;
     }
-    *error = m_profiles.isEmpty()
-                 ? QStringLiteral("no profile matches %1; there are no profiles yet.").arg(quoted(query))
-                 : QStringLiteral("no profile matches %1; the profiles are %2.")
-                       .arg(quoted(query), quotedList(m_profiles, false));
+    *error =
+        m_profiles.isEmpty()
+            ? QStringLiteral("no profile matches %1; there are no profiles yet.").arg(quoted(query))
+            : QStringLiteral("no profile matches %1; the profiles are %2.")
+                  .arg(quoted(query), quotedList(m_profiles, false));
     return std::nullopt;
 }
 

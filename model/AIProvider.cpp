@@ -45,7 +45,8 @@ const QStringList& models(AIProvider provider)
                                        QStringLiteral("claude-3-opus"),
                                        QStringLiteral("claude-3-haiku")};
     static const QStringList google{QStringLiteral("gemini-1.5-pro"),
-                                    QStringLiteral("gemini-1.5-flash"), QStringLiteral("gemini-pro")};
+                                    QStringLiteral("gemini-1.5-flash"),
+                                    QStringLiteral("gemini-pro")};
     static const QStringList azure{QStringLiteral("gpt-4"), QStringLiteral("gpt-35-turbo")};
     static const QStringList local{QStringLiteral("llama"), QStringLiteral("mistral"),
                                    QStringLiteral("codellama")};

@@ -9,8 +9,8 @@ GitProfile GitProfile::empty()
     return profile;
 }
 
-GitProfile GitProfile::create(const QString& name, const QString& gitName,
-                              const QString& gitEmail, const QString& sshKeyPath)
+GitProfile GitProfile::create(const QString& name, const QString& gitName, const QString& gitEmail,
+                              const QString& sshKeyPath)
 {
     GitProfile profile = empty();
     profile.name = name;

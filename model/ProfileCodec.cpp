@@ -1,7 +1,6 @@
 #include "model/ProfileCodec.h"
 
 #include <nlohmann/json.hpp>
-
 #include <stdexcept>
 #include <string>
 
@@ -89,14 +88,15 @@ AIConfig decodeConfig(const Json& json, const QString& where)
     AIConfig config;
     const Json& enabled = member(json, "isEnabled", inner);
     if (!enabled.is_boolean()) {
-        throw DecodeError(utf8(QStringLiteral("\"isEnabled\" of %1 is not true or false").arg(inner)));
+        throw DecodeError(
+            utf8(QStringLiteral("\"isEnabled\" of %1 is not true or false").arg(inner)));
     }
     config.isEnabled = enabled.get<bool>();
     const QString provider = stringMember(json, "provider", inner);
     const auto known = AIProviders::fromRawValue(provider);
     if (!known) {
-        throw DecodeError(utf8(
-            QStringLiteral("\"%1\" in %2 is not a known AI provider").arg(provider, inner)));
+        throw DecodeError(
+            utf8(QStringLiteral("\"%1\" in %2 is not a known AI provider").arg(provider, inner)));
     }
     config.provider = *known;
     config.model = stringMember(json, "model", inner);
@@ -104,7 +104,8 @@ AIConfig decodeConfig(const Json& json, const QString& where)
     config.baseURL = stringMember(json, "baseURL", inner);
     const Json& headers = member(json, "customHeaders", inner);
     if (!headers.is_object()) {
-        throw DecodeError(utf8(QStringLiteral("\"customHeaders\" of %1 is not an object").arg(inner)));
+        throw DecodeError(
+            utf8(QStringLiteral("\"customHeaders\" of %1 is not an object").arg(inner)));
     }
     for (auto it = headers.begin(); it != headers.end(); ++it) {
         if (!it.value().is_string()) {
@@ -237,8 +238,8 @@ std::optional<QUuid> ProfileCodec::parseUuid(const QString& text)
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
         const bool hyphenPlace = i == 8 || i == 13 || i == 18 || i == 23;
-        const bool hex = (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') ||
-                         (c >= u'A' && c <= u'F');
+        const bool hex =
+            (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
         if (hyphenPlace ? c != u'-' : !hex) {
             return std::nullopt;
         }

@@ -23,8 +23,7 @@ class ProfileCodec {
 public:
     // Compact, as stored in the profile file; "activeProfileID" only when there is one.
     static QByteArray encodeStore(const StoredData& data);
-    static std::optional<StoredData> decodeStore(const QByteArray& bytes,
-                                                 QString* error = nullptr);
+    static std::optional<StoredData> decodeStore(const QByteArray& bytes, QString* error = nullptr);
 
     // A pretty-printed array of profiles, as exported and imported.
     static QByteArray encodeProfileArray(const QList<GitProfile>& profiles);

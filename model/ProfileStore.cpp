@@ -17,8 +17,9 @@ std::optional<StoredData> ProfileStore::load(QString* error) const
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         if (error) {
-            *error = file.exists() ? QStringLiteral("%1 cannot be read: %2").arg(m_path, file.errorString())
-                                   : QStringLiteral("%1 does not exist").arg(m_path);
+            *error = file.exists()
+                         ? QStringLiteral("%1 cannot be read: %2").arg(m_path, file.errorString())
+                         : QStringLiteral("%1 does not exist").arg(m_path);
         }
         return std::nullopt;
     }

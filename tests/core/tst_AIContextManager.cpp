@@ -62,7 +62,8 @@ private slots:
     void azureLeavesAllThreeEmpty()
     {
         AIContextManager ai;
-        ai.applyAIContext(profile(AIProvider::AzureOpenAI, QStringLiteral("z"), QStringLiteral("https://e")));
+        ai.applyAIContext(
+            profile(AIProvider::AzureOpenAI, QStringLiteral("z"), QStringLiteral("https://e")));
         QVERIFY(ai.isConfigured());
         for (const char* name : {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY"}) {
             QVERIFY(isSet(name));
@@ -87,7 +88,8 @@ private slots:
     void localWithBaseSetsOllamaAddress()
     {
         AIContextManager ai;
-        ai.applyAIContext(profile(AIProvider::Local, QString(), QStringLiteral("http://gpu:11434")));
+        ai.applyAIContext(
+            profile(AIProvider::Local, QString(), QStringLiteral("http://gpu:11434")));
         QCOMPARE(value("OLLAMA_BASE_URL"), QStringLiteral("http://gpu:11434"));
     }
 
@@ -109,7 +111,8 @@ private slots:
         ai.applyAIContext(profile(AIProvider(provider), QString()));
         QVERIFY(!ai.hasCurrentConfig());
         QVERIFY(!ai.isConfigured());
-        for (const char* name : {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
+        for (const char* name :
+             {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
             QVERIFY2(!isSet(name), name);
         }
     }
@@ -126,12 +129,14 @@ private slots:
 
     void clearOnFreshInstanceRemovesInheritedVariables()
     {
-        for (const char* name : {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
+        for (const char* name :
+             {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
             qputenv(name, "from parent");
         }
         AIContextManager ai;
         ai.clearAIContext();
-        for (const char* name : {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
+        for (const char* name :
+             {"OPENAI_API_KEY", "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {
             QVERIFY2(!isSet(name), name);
         }
     }
@@ -141,7 +146,8 @@ private slots:
         AIContextManager ai;
         ai.applyAIContext(profile(AIProvider::OpenAI, QStringLiteral("child-sees-this")));
         QProcess bash;
-        bash.start(QStringLiteral("/bin/bash"), {QStringLiteral("-c"), QStringLiteral("printf %s \"$OPENAI_API_KEY\"")});
+        bash.start(QStringLiteral("/bin/bash"),
+                   {QStringLiteral("-c"), QStringLiteral("printf %s \"$OPENAI_API_KEY\"")});
         bash.waitForFinished(-1);
         QCOMPARE(bash.readAllStandardOutput(), QByteArray("child-sees-this"));
     }

@@ -87,9 +87,9 @@ private slots:
 
     void writesKeysInOrderAndUpperCaseIds()
     {
-        GitProfile profile = GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada"),
-                                                QStringLiteral("ada@example.com"),
-                                                QStringLiteral("~/.ssh/id_work"));
+        GitProfile profile =
+            GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada"),
+                               QStringLiteral("ada@example.com"), QStringLiteral("~/.ssh/id_work"));
         profile.id = QUuid(QStringLiteral("{9f3c1a2b-4d5e-4f60-8a7b-1c2d3e4f5a6b}"));
         const QByteArray stored = ProfileCodec::encodeStore({{profile}, profile.id});
         const QByteArray expected =
@@ -148,19 +148,21 @@ private slots:
     void lowerCaseIdsAndExtraKeysAreAccepted()
     {
         QByteArray json = validProfileJson();
-        json.replace("9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B", "9f3c1a2b-4d5e-4f60-8a7b-1c2d3e4f5a6b");
+        json.replace("9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B",
+                     "9f3c1a2b-4d5e-4f60-8a7b-1c2d3e4f5a6b");
         json.replace("\"name\":", "\"color\":\"red\",\"name\":");
         const auto profiles = decodeOne(json);
         QVERIFY(profiles);
-        QCOMPARE(profiles->first().idText(), QStringLiteral("9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B"));
+        QCOMPARE(profiles->first().idText(),
+                 QStringLiteral("9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B"));
     }
 
     void missingKeyFails_data()
     {
         QTest::addColumn<QByteArray>("key");
-        for (const char* key : {"id", "name", "gitName", "gitEmail", "sshKeyPath", "aiConfig",
-                                "isEnabled", "provider", "model", "apiKey", "baseURL",
-                                "customHeaders"}) {
+        for (const char* key :
+             {"id", "name", "gitName", "gitEmail", "sshKeyPath", "aiConfig", "isEnabled",
+              "provider", "model", "apiKey", "baseURL", "customHeaders"}) {
             QTest::newRow(key) << QByteArray(key);
         }
     }
@@ -194,26 +196,28 @@ private slots:
         QTest::newRow("id not a uuid")
             << QByteArray(R"("id":"9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B")")
             << QByteArray(R"("id":"{9F3C1A2B-4D5E-4F60-8A7B-1C2D3E4F5A6B}")");
-        QTest::newRow("name null") << QByteArray(R"("name":"Work")") << QByteArray(R"("name":null)");
-        QTest::newRow("gitName number") << QByteArray(R"("gitName":"Ada")")
-                                        << QByteArray(R"("gitName":1)");
-        QTest::newRow("gitEmail array") << QByteArray(R"("gitEmail":"ada@example.com")")
-                                        << QByteArray(R"("gitEmail":[])");
+        QTest::newRow("name null")
+            << QByteArray(R"("name":"Work")") << QByteArray(R"("name":null)");
+        QTest::newRow("gitName number")
+            << QByteArray(R"("gitName":"Ada")") << QByteArray(R"("gitName":1)");
+        QTest::newRow("gitEmail array")
+            << QByteArray(R"("gitEmail":"ada@example.com")") << QByteArray(R"("gitEmail":[])");
         QTest::newRow("sshKeyPath bool") << QByteArray(R"("sshKeyPath":"~/.ssh/id_work")")
                                          << QByteArray(R"("sshKeyPath":false)");
-        QTest::newRow("aiConfig string") << QByteArray(R"("aiConfig":{)")
-                                         << QByteArray(R"("aiConfig":"x","old":{)");
-        QTest::newRow("isEnabled string") << QByteArray(R"("isEnabled":true)")
-                                          << QByteArray(R"("isEnabled":"true")");
-        QTest::newRow("provider wrong case") << QByteArray(R"("provider":"Anthropic")")
-                                             << QByteArray(R"("provider":"openai")");
-        QTest::newRow("provider number") << QByteArray(R"("provider":"Anthropic")")
-                                         << QByteArray(R"("provider":0)");
-        QTest::newRow("model null") << QByteArray(R"("model":"claude")")
-                                    << QByteArray(R"("model":null)");
-        QTest::newRow("apiKey number") << QByteArray(R"("apiKey":"k")") << QByteArray(R"("apiKey":1)");
-        QTest::newRow("baseURL object") << QByteArray(R"("baseURL":"")")
-                                        << QByteArray(R"("baseURL":{})");
+        QTest::newRow("aiConfig string")
+            << QByteArray(R"("aiConfig":{)") << QByteArray(R"("aiConfig":"x","old":{)");
+        QTest::newRow("isEnabled string")
+            << QByteArray(R"("isEnabled":true)") << QByteArray(R"("isEnabled":"true")");
+        QTest::newRow("provider wrong case")
+            << QByteArray(R"("provider":"Anthropic")") << QByteArray(R"("provider":"openai")");
+        QTest::newRow("provider number")
+            << QByteArray(R"("provider":"Anthropic")") << QByteArray(R"("provider":0)");
+        QTest::newRow("model null")
+            << QByteArray(R"("model":"claude")") << QByteArray(R"("model":null)");
+        QTest::newRow("apiKey number")
+            << QByteArray(R"("apiKey":"k")") << QByteArray(R"("apiKey":1)");
+        QTest::newRow("baseURL object")
+            << QByteArray(R"("baseURL":"")") << QByteArray(R"("baseURL":{})");
         QTest::newRow("customHeaders array") << QByteArray(R"("customHeaders":{"X-A":"1"})")
                                              << QByteArray(R"("customHeaders":["X-A"])");
         QTest::newRow("header value number") << QByteArray(R"("customHeaders":{"X-A":"1"})")

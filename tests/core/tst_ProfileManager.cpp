@@ -27,8 +27,10 @@ class tst_ProfileManager : public QObject {
 
     void setGlobalIdentity(const QString& name, const QString& email)
     {
-        m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"), name});
-        m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.email"), email});
+        m_home->git({QStringLiteral("config"), QStringLiteral("--global"),
+                     QStringLiteral("user.name"), name});
+        m_home->git({QStringLiteral("config"), QStringLiteral("--global"),
+                     QStringLiteral("user.email"), email});
     }
 
     void makeKeyPair(const QString& name)
@@ -39,7 +41,8 @@ class tst_ProfileManager : public QObject {
 
     std::optional<StoredData> storedFile() const
     {
-        return ProfileCodec::decodeStore(m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+        return ProfileCodec::decodeStore(
+            m_home->read(QStringLiteral(".git-switcher/profiles.json")));
     }
 
     QString wrapper() const { return m_home->filePath(QStringLiteral(".kivora/kivora-ssh.sh")); }
@@ -88,11 +91,13 @@ private slots:
         QVERIFY(!manager->needsProfileSetup());
         QVERIFY(manager->startedFresh());
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("Ada Lovelace"));
-        QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("ada@example.com"));
+        QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")),
+                 QStringLiteral("ada@example.com"));
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")), QString());
         QCOMPARE(storedFile(), std::optional<StoredData>(StoredData{{p}, p.id}));
         // Applied: the unconfigured environment file and the hook.
-        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh")).startsWith("# No AI configuration for profile: Default\n"));
+        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh"))
+                    .startsWith("# No AI configuration for profile: Default\n"));
         QVERIFY(m_home->read(QStringLiteral(".bashrc")).endsWith("source ~/.kivora/ai-env.sh\n"));
     }
 
@@ -111,7 +116,8 @@ private slots:
             QCOMPARE(p.gitEmail, QStringLiteral("ada@example.com"));
         }
         QCOMPARE(pathByName.value(QStringLiteral("Ed25519")), QStringLiteral("~/.ssh/id_ed25519"));
-        QCOMPARE(pathByName.value(QStringLiteral("Rsa_work")), QStringLiteral("~/.ssh/id_rsa_work"));
+        QCOMPARE(pathByName.value(QStringLiteral("Rsa_work")),
+                 QStringLiteral("~/.ssh/id_rsa_work"));
         QCOMPARE(manager->activeProfileID(), std::optional<QUuid>(manager->profiles().first().id));
         QVERIFY(manager->needsProfileSetup());
         // Nothing applied.
@@ -144,7 +150,8 @@ private slots:
         QVERIFY(!manager->needsProfileSetup());
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")),
                  wrapper() + u' ' + m_home->filePath(QStringLiteral(".ssh/id_ed25519")));
-        QCOMPARE(storedFile()->activeProfileID, std::optional<QUuid>(manager->profiles().first().id));
+        QCOMPARE(storedFile()->activeProfileID,
+                 std::optional<QUuid>(manager->profiles().first().id));
     }
 
     void firstRunWithOneKeyAndNoGlobalIdentity()
@@ -164,7 +171,8 @@ private slots:
 
     void halfAGlobalIdentityCountsAsNone()
     {
-        m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"), QStringLiteral("Ada")});
+        m_home->git({QStringLiteral("config"), QStringLiteral("--global"),
+                     QStringLiteral("user.name"), QStringLiteral("Ada")});
         const auto manager = makeManager();
         QVERIFY(manager->profiles().first().gitName.isEmpty());
         QVERIFY(manager->needsProfileSetup());
@@ -175,8 +183,10 @@ private slots:
 
     void existingFileIsLoaded()
     {
-        const GitProfile a = profile(QStringLiteral("A"), QStringLiteral("a"), QStringLiteral("a@x"));
-        const GitProfile b = profile(QStringLiteral("B"), QStringLiteral("b"), QStringLiteral("b@x"));
+        const GitProfile a =
+            profile(QStringLiteral("A"), QStringLiteral("a"), QStringLiteral("a@x"));
+        const GitProfile b =
+            profile(QStringLiteral("B"), QStringLiteral("b"), QStringLiteral("b@x"));
         writeStore({a, b}, b.id);
         setGlobalIdentity(QStringLiteral("Someone"), QStringLiteral("s@x"));
         const QByteArray before = m_home->read(QStringLiteral(".git-switcher/profiles.json"));
@@ -246,7 +256,8 @@ private slots:
         writeStore({p}, p.id);
         m_home->write(QStringLiteral(".zshrc"), "");
         const auto manager = makeManager();
-        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh")).startsWith("export ANTHROPIC_API_KEY='sk-ant'\n"));
+        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh"))
+                    .startsWith("export ANTHROPIC_API_KEY='sk-ant'\n"));
         QVERIFY(m_home->read(QStringLiteral(".zshrc")).contains("source ~/.kivora/ai-env.sh"));
         QVERIFY(m_ai->isConfigured());
         QCOMPARE(qEnvironmentVariable("ANTHROPIC_API_KEY"), QStringLiteral("sk-ant"));
@@ -272,16 +283,26 @@ private slots:
     {
         QTest::addColumn<QString>("input");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("id_work") << "id_work" << "Work";
-        QTest::newRow("id_ed25519") << "id_ed25519" << "Ed25519";
-        QTest::newRow("id_rsa_Work") << "id_rsa_Work" << "Rsa_work";
-        QTest::newRow("two words") << "work laptop" << "Work Laptop";
-        QTest::newRow("tabs and line ends") << "a\tb\nc" << "A\tB\nC";
-        QTest::newRow("every occurrence") << "id_id_x id_y" << "X Y";
-        QTest::newRow("upper case rest") << "WORK LAPTOP" << "Work Laptop";
-        QTest::newRow("hyphen is not a boundary") << "my-work" << "My-work";
-        QTest::newRow("non-ascii") << "élan ÖL" << "Élan Öl";
-        QTest::newRow("empty") << "" << "";
+        QTest::newRow("id_work") << "id_work"
+                                 << "Work";
+        QTest::newRow("id_ed25519") << "id_ed25519"
+                                    << "Ed25519";
+        QTest::newRow("id_rsa_Work") << "id_rsa_Work"
+                                     << "Rsa_work";
+        QTest::newRow("two words") << "work laptop"
+                                   << "Work Laptop";
+        QTest::newRow("tabs and line ends") << "a\tb\nc"
+                                            << "A\tB\nC";
+        QTest::newRow("every occurrence") << "id_id_x id_y"
+                                          << "X Y";
+        QTest::newRow("upper case rest") << "WORK LAPTOP"
+                                         << "Work Laptop";
+        QTest::newRow("hyphen is not a boundary") << "my-work"
+                                                  << "My-work";
+        QTest::newRow("non-ascii") << "élan ÖL"
+                                   << "Élan Öl";
+        QTest::newRow("empty") << ""
+                               << "";
     }
 
     void displayNames()
@@ -296,8 +317,9 @@ private slots:
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
         QSignalSpy changed(manager.get(), &ProfileManager::profilesChanged);
-        const GitProfile added = manager->addProfile(QStringLiteral("id_work"), QStringLiteral("W"),
-                                                     QStringLiteral("w@x"), QStringLiteral("~/.ssh/id_work"));
+        const GitProfile added =
+            manager->addProfile(QStringLiteral("id_work"), QStringLiteral("W"),
+                                QStringLiteral("w@x"), QStringLiteral("~/.ssh/id_work"));
         QCOMPARE(added.name, QStringLiteral("Work"));
         QCOMPARE(added.aiConfig, AIConfig::empty());
         QCOMPARE(manager->profiles(), QList<GitProfile>{added});
@@ -313,8 +335,8 @@ private slots:
     {
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
-        const GitProfile p = profile(QStringLiteral("W"), QStringLiteral("Ada"), QStringLiteral("a@x"),
-                                     QStringLiteral("~/.ssh/id_work"));
+        const GitProfile p = profile(QStringLiteral("W"), QStringLiteral("Ada"),
+                                     QStringLiteral("a@x"), QStringLiteral("~/.ssh/id_work"));
         QSignalSpy active(manager.get(), &ProfileManager::activeProfileIDChanged);
         manager->applyGlobally(p);
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")),
@@ -332,16 +354,17 @@ private slots:
     {
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
-        manager->applyGlobally(profile(QStringLiteral("K"), QStringLiteral("k"), QStringLiteral("k@x"),
-                                       QStringLiteral("/keys/with space")));
+        manager->applyGlobally(profile(QStringLiteral("K"), QStringLiteral("k"),
+                                       QStringLiteral("k@x"), QStringLiteral("/keys/with space")));
         const QString withKey = m_home->gitConfig(QStringLiteral("core.sshCommand"));
         QCOMPARE(withKey, wrapper() + QStringLiteral(" /keys/with space"));
-        manager->applyGlobally(profile(QStringLiteral("N"), QStringLiteral("n"), QStringLiteral("n@x")));
+        manager->applyGlobally(
+            profile(QStringLiteral("N"), QStringLiteral("n"), QStringLiteral("n@x")));
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")), withKey);
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("n"));
         // And back to a key.
-        manager->applyGlobally(profile(QStringLiteral("K2"), QStringLiteral("k2"), QStringLiteral("k2@x"),
-                                       QStringLiteral("~/.ssh/other")));
+        manager->applyGlobally(profile(QStringLiteral("K2"), QStringLiteral("k2"),
+                                       QStringLiteral("k2@x"), QStringLiteral("~/.ssh/other")));
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")),
                  wrapper() + u' ' + m_home->filePath(QStringLiteral(".ssh/other")));
     }
@@ -352,12 +375,18 @@ private slots:
         QTest::addColumn<QString>("email");
         // git itself trims quotes and dots at the ends of an identity when committing, so the
         // special characters stand inside the values here.
-        QTest::newRow("double quotes") << "Ada \"The Countess\" Lovelace" << "a\"q\"b@example.com";
-        QTest::newRow("single quotes") << "O'Brien 'x' Jr" << "o'brien@example.com";
-        QTest::newRow("dollar and backticks") << "$HOME `id` $(whoami)" << "$USER@example.com";
-        QTest::newRow("non-ascii") << "Zoë Ærøskøbing 名前" << "zoë@exämple.com";
-        QTest::newRow("backslash and semicolon") << "a\\b; rm -rf ~" << "x;y@example.com";
-        QTest::newRow("hash") << "name # not a comment" << "a#b@example.com";
+        QTest::newRow("double quotes") << "Ada \"The Countess\" Lovelace"
+                                       << "a\"q\"b@example.com";
+        QTest::newRow("single quotes") << "O'Brien 'x' Jr"
+                                       << "o'brien@example.com";
+        QTest::newRow("dollar and backticks") << "$HOME `id` $(whoami)"
+                                              << "$USER@example.com";
+        QTest::newRow("non-ascii") << "Zoë Ærøskøbing 名前"
+                                   << "zoë@exämple.com";
+        QTest::newRow("backslash and semicolon") << "a\\b; rm -rf ~"
+                                                 << "x;y@example.com";
+        QTest::newRow("hash") << "name # not a comment"
+                              << "a#b@example.com";
     }
 
     void namesSurviveGitExactly()
@@ -372,11 +401,14 @@ private slots:
         QCOMPARE(manager->globalGitName(), name);
         QCOMPARE(manager->globalGitEmail(), email);
         // A commit made with the global identity carries it.
-        m_home->git({QStringLiteral("init"), QStringLiteral("-q"), m_home->filePath(QStringLiteral("repo"))});
-        m_home->git({QStringLiteral("-C"), m_home->filePath(QStringLiteral("repo")), QStringLiteral("commit"),
-                     QStringLiteral("-q"), QStringLiteral("--allow-empty"), QStringLiteral("-m"), QStringLiteral("x")});
-        QCOMPARE(m_home->git({QStringLiteral("-C"), m_home->filePath(QStringLiteral("repo")), QStringLiteral("log"),
-                              QStringLiteral("-1"), QStringLiteral("--format=%an|%ae")}),
+        m_home->git({QStringLiteral("init"), QStringLiteral("-q"),
+                     m_home->filePath(QStringLiteral("repo"))});
+        m_home->git({QStringLiteral("-C"), m_home->filePath(QStringLiteral("repo")),
+                     QStringLiteral("commit"), QStringLiteral("-q"),
+                     QStringLiteral("--allow-empty"), QStringLiteral("-m"), QStringLiteral("x")});
+        QCOMPARE(m_home->git({QStringLiteral("-C"), m_home->filePath(QStringLiteral("repo")),
+                              QStringLiteral("log"), QStringLiteral("-1"),
+                              QStringLiteral("--format=%an|%ae")}),
                  name + u'|' + email);
     }
 
@@ -384,7 +416,8 @@ private slots:
     {
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
-        manager->applyGlobally(profile(QStringLiteral("P"), QStringLiteral("Ada "), QStringLiteral(" a@x")));
+        manager->applyGlobally(
+            profile(QStringLiteral("P"), QStringLiteral("Ada "), QStringLiteral(" a@x")));
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("Ada "));
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral(" a@x"));
         QCOMPARE(manager->globalGitName(), QStringLiteral("Ada"));
@@ -395,7 +428,8 @@ private slots:
     {
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
-        manager->applyGlobally(profile(QStringLiteral("P"), QStringLiteral("first\nsecond"), QStringLiteral("a@x")));
+        manager->applyGlobally(
+            profile(QStringLiteral("P"), QStringLiteral("first\nsecond"), QStringLiteral("a@x")));
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("first\nsecond"));
         QCOMPARE(manager->globalGitName(), QStringLiteral("first\nsecond"));
         // The profile file keeps it too.
@@ -414,11 +448,14 @@ private slots:
         p.aiConfig.isEnabled = true;
         p.aiConfig.apiKey = QStringLiteral("sk-1");
         manager->applyGlobally(p);
-        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh")).startsWith("export OPENAI_API_KEY='sk-1'\n"));
+        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh"))
+                    .startsWith("export OPENAI_API_KEY='sk-1'\n"));
         QCOMPARE(qEnvironmentVariable("OPENAI_API_KEY"), QStringLiteral("sk-1"));
         QVERIFY(m_ai->isConfigured());
-        manager->applyGlobally(profile(QStringLiteral("Plain"), QStringLiteral("b"), QStringLiteral("b@x")));
-        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh")).startsWith("# No AI configuration for profile: Plain\n"));
+        manager->applyGlobally(
+            profile(QStringLiteral("Plain"), QStringLiteral("b"), QStringLiteral("b@x")));
+        QVERIFY(m_home->read(QStringLiteral(".kivora/ai-env.sh"))
+                    .startsWith("# No AI configuration for profile: Plain\n"));
         QVERIFY(!qEnvironmentVariableIsSet("OPENAI_API_KEY"));
         QVERIFY(!m_ai->isConfigured());
         // The hook was added once.
@@ -431,7 +468,9 @@ private slots:
         writeStore({}, std::nullopt);
         const auto manager = makeManager();
         int status = 0;
-        m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name")}, &status);
+        m_home->git(
+            {QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name")},
+            &status);
         QVERIFY(status != 0);
         manager->refreshGlobalConfig();
         QCOMPARE(manager->globalGitName(), QString());
@@ -447,8 +486,8 @@ private slots:
         const QByteArray gitconfig = m_home->read(QStringLiteral(".gitconfig"));
         QDir().mkpath(m_home->filePath(QStringLiteral("empty-bin")));
         m_home->setEnv("PATH", m_home->filePath(QStringLiteral("empty-bin")).toLocal8Bit());
-        const GitProfile p = profile(QStringLiteral("P"), QStringLiteral("After"), QStringLiteral("after@x"),
-                                     QStringLiteral("~/.ssh/id"));
+        const GitProfile p = profile(QStringLiteral("P"), QStringLiteral("After"),
+                                     QStringLiteral("after@x"), QStringLiteral("~/.ssh/id"));
         manager->applyGlobally(p);
         QCOMPARE(manager->activeProfileID(), std::optional<QUuid>(p.id));
         QCOMPARE(storedFile()->activeProfileID, std::optional<QUuid>(p.id));
@@ -473,9 +512,10 @@ private slots:
 
     void switchingBackAndForth()
     {
-        const GitProfile work = profile(QStringLiteral("Work"), QStringLiteral("W"), QStringLiteral("w@corp"),
-                                        QStringLiteral("~/.ssh/id_work"));
-        const GitProfile home = profile(QStringLiteral("Home"), QStringLiteral("H"), QStringLiteral("h@home"));
+        const GitProfile work = profile(QStringLiteral("Work"), QStringLiteral("W"),
+                                        QStringLiteral("w@corp"), QStringLiteral("~/.ssh/id_work"));
+        const GitProfile home =
+            profile(QStringLiteral("Home"), QStringLiteral("H"), QStringLiteral("h@home"));
         writeStore({work, home}, std::nullopt);
         const auto manager = makeManager();
         for (int round = 0; round < 2; ++round) {
@@ -485,7 +525,8 @@ private slots:
             manager->applyGlobally(home);
             QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("h@home"));
             QCOMPARE(manager->activeProfile()->name, QStringLiteral("Home"));
-            QVERIFY(m_home->gitConfig(QStringLiteral("core.sshCommand")).endsWith(QStringLiteral("/.ssh/id_work")));
+            QVERIFY(m_home->gitConfig(QStringLiteral("core.sshCommand"))
+                        .endsWith(QStringLiteral("/.ssh/id_work")));
         }
         QCOMPARE(storedFile(), std::optional<StoredData>(StoredData{{work, home}, home.id}));
     }

@@ -34,7 +34,8 @@ private slots:
         const GitProfile profile = GitProfile::empty();
         const StoredData data{{profile}, profile.id};
         QVERIFY(store.save(data));
-        QCOMPARE(m_home->read(QStringLiteral(".git-switcher/profiles.json")), ProfileCodec::encodeStore(data));
+        QCOMPARE(m_home->read(QStringLiteral(".git-switcher/profiles.json")),
+                 ProfileCodec::encodeStore(data));
         QCOMPARE(store.load(), std::optional<StoredData>(data));
         QVERIFY(!m_home->read(QStringLiteral(".git-switcher/profiles.json")).contains('\n'));
     }
@@ -45,7 +46,8 @@ private slots:
         for (int i = 0; i < 3; ++i) {
             QVERIFY(store.save({{GitProfile::empty()}, std::nullopt}));
         }
-        QCOMPARE(QDir(m_home->filePath(QStringLiteral(".git-switcher"))).entryList(QDir::Files | QDir::Hidden),
+        QCOMPARE(QDir(m_home->filePath(QStringLiteral(".git-switcher")))
+                     .entryList(QDir::Files | QDir::Hidden),
                  QStringList{QStringLiteral("profiles.json")});
     }
 
@@ -98,7 +100,8 @@ private slots:
                               QFileDevice::Permissions(0x7755));
         const ProfileStore store(m_home->path());
         QVERIFY(store.save({}));
-        QCOMPARE(m_home->read(QStringLiteral(".git-switcher/profiles.json")), QByteArray("{\"profiles\":[]}"));
+        QCOMPARE(m_home->read(QStringLiteral(".git-switcher/profiles.json")),
+                 QByteArray("{\"profiles\":[]}"));
     }
 };
 

@@ -41,10 +41,7 @@ private slots:
         QCOMPARE(SSHKeyScanner::scanSorted(m_home->path()), QStringList{QStringLiteral("id_rsa")});
     }
 
-    void missingFolderGivesNothing()
-    {
-        QVERIFY(SSHKeyScanner::scan(m_home->path()).isEmpty());
-    }
+    void missingFolderGivesNothing() { QVERIFY(SSHKeyScanner::scan(m_home->path()).isEmpty()); }
 
     void hiddenKeysAndFoldersCount()
     {

@@ -22,7 +22,7 @@ public:
 
     struct Request {
         QByteArray method;
-        QByteArray target; // path and query, exactly as sent
+        QByteArray target;                    // path and query, exactly as sent
         QMap<QByteArray, QByteArray> headers; // names in lower case
     };
 

@@ -41,9 +41,8 @@ void TestHome::setEnv(const char* name, const std::optional<QByteArray>& value)
 {
     const QByteArray key(name);
     if (m_saved.find(key) == m_saved.end()) {
-        m_saved[key] = qEnvironmentVariableIsSet(name)
-                           ? std::optional<QByteArray>(qgetenv(name))
-                           : std::nullopt;
+        m_saved[key] = qEnvironmentVariableIsSet(name) ? std::optional<QByteArray>(qgetenv(name))
+                                                       : std::nullopt;
     }
     if (value) {
         qputenv(name, *value);
@@ -57,7 +56,8 @@ void TestHome::write(const QString& relative, const QByteArray& bytes) const
     const QString path = filePath(relative);
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size()) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(bytes) != bytes.size()) {
         throw std::runtime_error("cannot write a test file");
     }
 }
@@ -90,8 +90,8 @@ QString TestHome::git(const QStringList& arguments, int* exitCode) const
 QString TestHome::gitConfig(const QString& key) const
 {
     QProcess process;
-    process.start(QStringLiteral("git"),
-                  {QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("--get"), key});
+    process.start(QStringLiteral("git"), {QStringLiteral("config"), QStringLiteral("--global"),
+                                          QStringLiteral("--get"), key});
     process.waitForFinished(-1);
     QString out = QString::fromUtf8(process.readAllStandardOutput());
     if (out.endsWith(u'\n')) {
@@ -103,7 +103,8 @@ QString TestHome::gitConfig(const QString& key) const
 std::map<QString, QByteArray> TestHome::snapshot() const
 {
     std::map<QString, QByteArray> files;
-    QDirIterator it(path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    QDirIterator it(path(), QDir::Files | QDir::Hidden | QDir::System,
+                    QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString file = it.next();
         QFile f(file);
