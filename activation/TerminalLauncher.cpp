@@ -87,8 +87,7 @@ QStringList TerminalLauncher::candidates()
             QStringLiteral("xterm")};
 }
 
-QStringList TerminalLauncher::emulatorArguments(const QString& emulator,
-                                                const QStringList& command)
+QStringList TerminalLauncher::emulatorArguments(const QString& emulator, const QStringList& command)
 {
     const QString name = QFileInfo(emulator).fileName();
     if (name == QLatin1String("gnome-terminal") || name == QLatin1String("kgx")) {
