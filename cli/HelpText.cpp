@@ -68,7 +68,10 @@ const QList<std::pair<QString, Entry>>& entries()
          {QStringLiteral("kivora terminal PROFILE"),
           QStringLiteral("Open a terminal window whose shell commits as PROFILE, without changing "
                          "the global git settings."),
-          QString()}},
+          QStringLiteral(
+              "  The emulator is $TERMINAL when set, else x-terminal-emulator, then the\n"
+              "  first installed of gnome-terminal, kgx, konsole, xfce4-terminal, kitty,\n"
+              "  alacritty, wezterm, foot and xterm.\n")}},
         {QStringLiteral("check-updates"),
          {QStringLiteral("kivora check-updates"),
           QStringLiteral("Check the update feed now and say whether a newer version exists."),
@@ -112,8 +115,10 @@ QString HelpText::forCommand(const QString& command)
     for (const auto& [name, entry] : entries()) {
         if (name == command) {
             QString text = QStringLiteral("Usage: %1\n%2\n").arg(entry.synopsis, entry.summary);
-            if (!entry.details.isEmpty()) {
+            if (entry.details.startsWith(QLatin1String("  -"))) {
                 text += QStringLiteral("\nOptions:\n") + entry.details;
+            } else if (!entry.details.isEmpty()) {
+                text += u'\n' + entry.details;
             }
             return text;
         }

@@ -3,6 +3,7 @@
 #include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "activation/SSHKeyScanner.h"
+#include "activation/TerminalLauncher.h"
 #include "cli/HelpText.h"
 #include "cli/ProfileJson.h"
 #include "cli/ProfileResolver.h"
@@ -551,7 +552,14 @@ int KivoraCli::terminal(const QStringList& args)
     if (!profile) {
         return m_status;
     }
-    return fail(QStringLiteral("opening a terminal is not available yet."));
+    const auto launch = TerminalLauncher(manager().home()).open(*profile);
+    if (!launch) {
+        return fail(QStringLiteral("no terminal emulator could be started; set TERMINAL to one "
+                                   "(see kivora terminal --help)."));
+    }
+    m_out << "Opened " << QFileInfo(launch->program).fileName() << " for "
+          << printable(profile->name) << ".\n";
+    return Success;
 }
 
 int KivoraCli::checkUpdates(const QStringList& args)

@@ -568,6 +568,39 @@ private slots:
         QCOMPARE(server.requests().size(), 1);
     }
 
+    void terminalOpensTheChosenEmulator()
+    {
+        const GitProfile p =
+            profile(QStringLiteral("Work"), QStringLiteral("Ada \"W\""), QStringLiteral("w@corp"));
+        writeStore({p});
+        const QString recorder = m_home->filePath(QStringLiteral("bin/record-terminal"));
+        m_home->write(QStringLiteral("bin/record-terminal"),
+                      "#!/bin/bash\nprintf '%s\\0' \"$@\" > \"$HOME/recorded\"\n");
+        QFile::setPermissions(recorder, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                            QFileDevice::ExeOwner);
+        m_home->setEnv("TERMINAL", recorder.toLocal8Bit());
+        const auto before = m_home->read(QStringLiteral(".gitconfig"));
+        Result r = kivora({QStringLiteral("terminal"), QStringLiteral("work")});
+        QCOMPARE(r.status, 0);
+        QTRY_VERIFY(m_home->exists(QStringLiteral("recorded")));
+        QTRY_VERIFY(m_home->read(QStringLiteral("recorded")).contains("exec"));
+        const QList<QByteArray> recorded = m_home->read(QStringLiteral("recorded")).split('\0');
+        QCOMPARE(recorded.value(0), QByteArray("-e"));
+        QCOMPARE(recorded.value(1), QByteArray("/bin/bash"));
+        QVERIFY(recorded.contains(QByteArray("-c")));
+        QVERIFY(m_home->read(QStringLiteral("recorded"))
+                    .contains("export GIT_AUTHOR_NAME=\"Ada \\\"W\\\"\";"));
+        QCOMPARE(m_home->read(QStringLiteral(".gitconfig")), before);
+
+        // Nothing to start: a clear failure.
+        m_home->setEnv("TERMINAL", std::nullopt);
+        QDir().mkpath(m_home->filePath(QStringLiteral("empty")));
+        m_home->setEnv("PATH", m_home->filePath(QStringLiteral("empty")).toLocal8Bit());
+        r = kivora({QStringLiteral("terminal"), QStringLiteral("work")});
+        QCOMPARE(r.status, 1);
+        QVERIFY(r.err.contains(QStringLiteral("TERMINAL")));
+    }
+
     void unreadableFileIsKeptAndReported()
     {
         m_home->write(QStringLiteral(".git-switcher/profiles.json"), "{\"profiles\": [oops");
