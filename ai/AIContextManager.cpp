@@ -70,3 +70,43 @@ void AIContextManager::setIsConfigured(bool configured)
     m_isConfigured = configured;
     emit isConfiguredChanged();
 }
+
+AIConnectionTester& AIContextManager::connectionTester()
+{
+    if (!m_connectionTester) {
+        m_connectionTester = new AIConnectionTester(this);
+    }
+    return *m_connectionTester;
+}
+
+void AIContextManager::testConnection(const AIConfig& config,
+                                      AIConnectionTester::Completion completion)
+{
+    connectionTester().testConnection(config, std::move(completion));
+}
+
+void AIContextManager::testOpenAI(const AIConfig& config, AIConnectionTester::Completion completion)
+{
+    connectionTester().testOpenAI(config, std::move(completion));
+}
+
+void AIContextManager::testAnthropic(const AIConfig& config,
+                                     AIConnectionTester::Completion completion)
+{
+    connectionTester().testAnthropic(config, std::move(completion));
+}
+
+void AIContextManager::testGoogle(const AIConfig& config, AIConnectionTester::Completion completion)
+{
+    connectionTester().testGoogle(config, std::move(completion));
+}
+
+void AIContextManager::testAzure(const AIConfig& config, AIConnectionTester::Completion completion)
+{
+    connectionTester().testAzure(config, std::move(completion));
+}
+
+void AIContextManager::testLocal(const AIConfig& config, AIConnectionTester::Completion completion)
+{
+    connectionTester().testLocal(config, std::move(completion));
+}

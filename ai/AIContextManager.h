@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ai/AIConnectionTester.h"
 #include "model/GitProfile.h"
 
 #include <QObject>
@@ -36,6 +37,15 @@ public:
     // Forgets the configuration and removes the provider variables from the environment.
     void clearAIContext();
 
+    // Checks a configuration against its provider's model list; the verdict goes to
+    // `completion` (see AIConnectionTester). None of these change the applied configuration.
+    void testConnection(const AIConfig& config, AIConnectionTester::Completion completion);
+    void testOpenAI(const AIConfig& config, AIConnectionTester::Completion completion);
+    void testAnthropic(const AIConfig& config, AIConnectionTester::Completion completion);
+    void testGoogle(const AIConfig& config, AIConnectionTester::Completion completion);
+    void testAzure(const AIConfig& config, AIConnectionTester::Completion completion);
+    void testLocal(const AIConfig& config, AIConnectionTester::Completion completion);
+
 signals:
     void currentConfigChanged();
     void isConfiguredChanged();
@@ -43,7 +53,9 @@ signals:
 private:
     void setCurrentConfig(std::optional<AIConfig> config);
     void setIsConfigured(bool configured);
+    AIConnectionTester& connectionTester();
 
     std::optional<AIConfig> m_currentConfig;
     bool m_isConfigured = false;
+    AIConnectionTester* m_connectionTester = nullptr; // a child, made on first test
 };

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "model/AIConfig.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QPair>
+#include <QPointer>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+class QNetworkAccessManager;
+class QNetworkReply;
+
+// Checks that an AI provider accepts a configuration: one GET of the provider's model list,
+// judged by the HTTP status alone, and a one-line verdict handed to a completion.
+//
+// Verdicts that need no request ("API key not configured", "Azure endpoint not configured",
+// "Invalid URL") are delivered before the call returns. Every other verdict is delivered from
+// the reply's `finished` signal, on the thread of the network manager (the interface thread
+// in the application). Each completion is called at most once; several tests may run at once.
+class AIConnectionTester : public QObject {
+    Q_OBJECT
+
+public:
+    using Completion = std::function<void(bool success, const QString& message)>;
+
+    // The providers' public API hosts.
+    static inline const char* const defaultOpenAIBase = "https://api.openai.com";
+    static inline const char* const defaultAnthropicBase = "https://api.anthropic.com";
+    static inline const char* const defaultGoogleBase = "https://generativelanguage.googleapis.com";
+    // Where a local model server listens when the configuration names no address.
+    static inline const char* const defaultLocalBase = "http://localhost:11434";
+
+    // Environment variables that point the public hosts elsewhere. They exist so that tests
+    // of the built programs can answer in place of a provider; they are not a user setting.
+    static inline const char* const openAIBaseVariable = "KIVORA_OPENAI_API_BASE";
+    static inline const char* const anthropicBaseVariable = "KIVORA_ANTHROPIC_API_BASE";
+    static inline const char* const googleBaseVariable = "KIVORA_GOOGLE_API_BASE";
+
+    static constexpr std::chrono::milliseconds defaultTransferTimeout{60000};
+
+    struct Options {
+        // The manager that sends the requests; null: the tester makes its own, on the thread
+        // that creates the tester.
+        QNetworkAccessManager* network = nullptr;
+        // Base addresses used instead of the public hosts. Unset: the environment variable
+        // above when it is set and not empty, else the public host. Set: used as given.
+        std::optional<QString> openAIBase;
+        std::optional<QString> anthropicBase;
+        std::optional<QString> googleBase;
+        // The local server's address when the configuration leaves it empty.
+        std::optional<QString> localBase;
+        // How long a cloud request may go without any data before it fails. The manager the
+        // tester makes for itself takes the same value as its default, which is what the
+        // local request uses.
+        std::chrono::milliseconds transferTimeout = defaultTransferTimeout;
+    };
+
+    // Texts of the verdicts.
+    static QString notConfiguredMessage() { return QStringLiteral("API key not configured"); }
+    static QString azureEndpointMissingMessage()
+    {
+        return QStringLiteral("Azure endpoint not configured");
+    }
+    static QString invalidUrlMessage() { return QStringLiteral("Invalid URL"); }
+    static QString invalidKeyMessage() { return QStringLiteral("Invalid API key"); }
+    static QString localFailureMessage()
+    {
+        return QStringLiteral("Could not connect to local server");
+    }
+    // What a transfer that ran out of time reports.
+    static QString timedOutMessage() { return QStringLiteral("The request timed out."); }
+
+    explicit AIConnectionTester(QObject* parent = nullptr);
+    explicit AIConnectionTester(Options options, QObject* parent = nullptr);
+    ~AIConnectionTester() override;
+
+    // The base addresses in use.
+    QString openAIBase() const { return m_openAIBase; }
+    QString anthropicBase() const { return m_anthropicBase; }
+    QString googleBase() const { return m_googleBase; }
+    QString localBase() const { return m_localBase; }
+
+    // "API key not configured" for a configuration that is not usable, otherwise the test of
+    // its provider.
+    void testConnection(const AIConfig& config, Completion completion);
+
+    void testOpenAI(const AIConfig& config, Completion completion);
+    void testAnthropic(const AIConfig& config, Completion completion);
+    void testGoogle(const AIConfig& config, Completion completion);
+    void testAzure(const AIConfig& config, Completion completion);
+    void testLocal(const AIConfig& config, Completion completion);
+
+    // Whether `text` is an address a test can be sent to: it parses strictly and has both a
+    // scheme and a host. "http://localhost:11434 /api/tags" and "localhost:11434/api/tags"
+    // are not.
+    static bool isValidAddress(const QString& text);
+
+private:
+    using Headers = QList<QPair<QByteArray, QByteArray>>;
+
+    // How a finished reply is turned into a verdict.
+    enum class Judging { Cloud, Local };
+
+    // A cloud provider's success message goes with the request.
+    void sendCloud(const QString& address, const Headers& headers, const QString& successMessage,
+                   Completion completion);
+    void sendLocal(const QString& address, Completion completion);
+    void watch(QNetworkReply* reply, Judging judging, const QString& successMessage,
+               Completion completion);
+
+    QNetworkAccessManager& network();
+
+    // The caller's manager, or one of our own made on first use.
+    QPointer<QNetworkAccessManager> m_network;
+    QString m_openAIBase;
+    QString m_anthropicBase;
+    QString m_googleBase;
+    QString m_localBase;
+    std::chrono::milliseconds m_transferTimeout;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "model/AIConfig.h"
+
+#include <QtQml/qqml.h>
+
+// A profile's AI settings, readable from QML as the value type "aiConfig".
+struct AIConfigForeign {
+    Q_GADGET
+    QML_FOREIGN(AIConfig)
+    QML_VALUE_TYPE(aiConfig)
+};

@@ -1,0 +1,160 @@
+#include "app/KivoraApp.h"
+
+#include "activation/ProfileManager.h"
+#include "app/AppServices.h"
+#include "app/InstanceChannel.h"
+#include "app/PopoverController.h"
+#include "app/QmlHost.h"
+#include "app/StartupTrace.h"
+#include "app/TrayIcon.h"
+#include "app/UpdaterForeign.h"
+#include "app/UpdaterPresenter.h"
+#include "app/WindowRegistry.h"
+#include "updates/Updater.h"
+
+#include <QApplication>
+#include <QJsonObject>
+#include <QQuickWindow>
+#include <QTextStream>
+
+int KivoraApp::main(int argc, char** argv)
+{
+    prepareEnvironment();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Kivora"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Kivora"));
+    QApplication::setApplicationVersion(QStringLiteral(KIVORA_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("kivora"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    // One instance per user: a second start brings the running popover forward and ends.
+    InstanceChannel channel;
+    if (!channel.listen()) {
+        const auto reply =
+            InstanceChannel::send({{QStringLiteral("command"), QStringLiteral("show")}});
+        if (reply) {
+            return 0;
+        }
+        QTextStream(stderr) << "kivora-app: another instance holds the socket but does not answer"
+                            << Qt::endl;
+        return 1;
+    }
+
+    KivoraApp app;
+    app.start(channel);
+    return QApplication::exec();
+}
+
+void KivoraApp::prepareEnvironment()
+{
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
+        // Measured: the software scene graph opens a small window faster and in far less
+        // memory than a software OpenGL rasteriser.
+        qputenv("QT_QUICK_BACKEND", "software");
+    }
+    const bool wayland =
+        qgetenv("XDG_SESSION_TYPE") == "wayland" || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (wayland && qEnvironmentVariableIsSet("DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        // A Wayland client cannot place its windows: through XWayland the popover sits by
+        // the tray icon.
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+KivoraApp::KivoraApp() = default;
+
+KivoraApp::~KivoraApp()
+{
+    // The windows go before the engine that made them and the objects they show.
+    m_tray.reset();
+    m_popover.reset();
+    m_updaterPresenter.reset();
+    m_host.reset();
+    m_windows.reset();
+}
+
+void KivoraApp::start(InstanceChannel& channel)
+{
+    m_updater = std::make_unique<Updater>();
+    UpdaterForeign::setInstance(m_updater.get());
+    m_updater->start();
+
+    m_manager = std::make_unique<ProfileManager>();
+    AppServices::setProfileManager(m_manager.get());
+
+    m_host = std::make_unique<QmlHost>();
+    m_windows = std::make_unique<WindowRegistry>(nullptr);
+    AppServices::setWindows(m_windows.get());
+    m_popover = std::make_unique<PopoverController>(*m_host);
+    m_updaterPresenter = std::make_unique<UpdaterPresenter>(*m_updater, *m_windows);
+    registerWindows();
+    registerCommands(channel);
+
+    m_tray = std::make_unique<TrayIcon>();
+    connect(m_tray.get(), &TrayIcon::toggleRequested, m_popover.get(), &PopoverController::toggle);
+    connect(m_tray.get(), &TrayIcon::openRequested, m_popover.get(), &PopoverController::show);
+    connect(m_tray.get(), &TrayIcon::settingsRequested, this,
+            [this] { openWindow(QStringLiteral("preferences")); });
+    connect(m_tray.get(), &TrayIcon::checkForUpdatesRequested, m_updaterPresenter.get(),
+            &UpdaterPresenter::checkForUpdates);
+    connect(m_tray.get(), &TrayIcon::quitRequested, qApp, &QCoreApplication::quit);
+    connect(m_tray.get(), &TrayIcon::becameAvailable, this, [this] {
+        // The status area arrived: the stand-in window gives way to the real popover.
+        if (m_popover->isVisible()) {
+            m_popover->hide();
+        }
+    });
+
+    if (m_tray->show()) {
+        StartupTrace::mark(QStringLiteral("tray-shown"), StartupTrace::sinceProcessStart());
+    } else {
+        StartupTrace::mark(QStringLiteral("no-status-area"), StartupTrace::sinceProcessStart());
+        m_popover->showAsWindow();
+    }
+}
+
+void KivoraApp::registerWindows()
+{
+    const auto qmlWindow = [this](const QString& path) {
+        return [this, path]() -> QWindow* { return m_host->createWindow(path); };
+    };
+    m_windows->add(QStringLiteral("settings"), [this] {
+        QQuickWindow* window = m_host->createWindow(QStringLiteral("settings/SettingsWindow.qml"));
+        if (window && StartupTrace::enabled()) {
+            QElapsedTimer opened;
+            opened.start();
+            auto connection = std::make_shared<QMetaObject::Connection>();
+            *connection = connect(window, &QQuickWindow::frameSwapped, this, [opened, connection] {
+                disconnect(*connection);
+                StartupTrace::mark(QStringLiteral("settings-first-frame"), opened.elapsed());
+            });
+        }
+        return window;
+    });
+    m_windows->add(QStringLiteral("preferences"),
+                   qmlWindow(QStringLiteral("app/PreferencesWindow.qml")));
+    m_windows->add(QStringLiteral("updater"), qmlWindow(QStringLiteral("app/UpdaterWindow.qml")));
+}
+
+void KivoraApp::registerCommands(InstanceChannel& channel)
+{
+    channel.addCommand(QStringLiteral("show"), [this](const QJsonObject&) {
+        openPopover();
+        return QJsonObject{};
+    });
+}
+
+void KivoraApp::openPopover()
+{
+    if (m_tray->isShown()) {
+        m_popover->show(m_tray->geometry());
+    } else {
+        m_popover->showAsWindow();
+    }
+}
+
+void KivoraApp::openWindow(const QString& id)
+{
+    m_windows->open(id);
+}

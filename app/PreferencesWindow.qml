@@ -1,0 +1,20 @@
+import QtQuick
+import QtQuick.Window
+import Kivora
+
+// The small preferences window with the update view.
+Window {
+    id: window
+
+    title: "Kivora Preferences"
+    width: 360
+    height: Math.max(150, view.implicitHeight)
+    minimumWidth: 300
+    minimumHeight: 130
+    color: Theme.windowBackground
+
+    UpdaterView {
+        id: view
+        anchors.fill: parent
+    }
+}

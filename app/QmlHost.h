@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QQmlEngine;
+class QQuickWindow;
+
+// The QML engine of the application's windows. It is created on the first window that
+// needs it, so that a tray process that is never opened keeps no engine in memory.
+class QmlHost : public QObject {
+    Q_OBJECT
+
+public:
+    explicit QmlHost(QObject* parent = nullptr);
+    ~QmlHost() override;
+
+    QQmlEngine& engine();
+    bool hasEngine() const { return m_engine != nullptr; }
+
+    // Creates the window described by a file of the Kivora module, given by its path in the
+    // module ("menubar/PopoverWindow.qml"). Null, with the errors on the console, on failure.
+    QQuickWindow* createWindow(const QString& modulePath);
+
+    // What every engine that shows Kivora's views needs: the module's import path and the
+    // symbol images. Tests call it on their own engine.
+    static void prepare(QQmlEngine& engine);
+
+private:
+    QQmlEngine* m_engine = nullptr;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// The one table from the symbol names the views use ("person.fill", "key.fill", …) to icons:
+// the freedesktop icon theme's name first, then the SVG drawn for Kivora and packaged with it.
+class SymbolTable {
+public:
+    struct Entry {
+        const char* symbol;
+        const char* themeIcon; // freedesktop symbolic icon name; empty: always our own
+    };
+
+    // The theme icon name for a symbol; empty for an unknown symbol.
+    static QString themeIconName(const QString& symbol);
+    // The packaged SVG for a symbol (a resource path); empty for an unknown symbol.
+    static QString fallbackPath(const QString& symbol);
+    static bool contains(const QString& symbol);
+    static QStringList symbols();
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDBusVariant>
+#include <QJSEngine>
+#include <QObject>
+#include <QQmlEngine>
+#include <QVariant>
+
+// The desktop's preferred colour scheme, read from the XDG desktop portal
+// (org.freedesktop.portal.Settings, org.freedesktop.appearance / color-scheme) and kept up
+// to date through the portal's SettingChanged signal. Without a portal it reports light.
+class SystemColorScheme : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool prefersDark READ prefersDark NOTIFY prefersDarkChanged)
+
+public:
+    explicit SystemColorScheme(QObject* parent);
+
+    static SystemColorScheme& shared();
+    static SystemColorScheme* create(QQmlEngine*, QJSEngine*);
+
+    bool prefersDark() const { return m_prefersDark; }
+
+    // The portal's value: 1 prefers dark, 2 prefers light, 0 (or anything else) no
+    // preference. Nested D-Bus variants are unwrapped first.
+    static bool isDarkValue(const QVariant& value);
+
+signals:
+    void prefersDarkChanged();
+
+private slots:
+    void onSettingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+
+private:
+    void readInitialValue();
+    void setPrefersDark(bool dark);
+
+    bool m_prefersDark = false;
+};

@@ -1,0 +1,27 @@
+#include "app/SystemFont.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+
+SystemFont::SystemFont(QObject* parent) : QObject(parent)
+{
+    qGuiApp->installEventFilter(this);
+}
+
+SystemFont* SystemFont::create(QQmlEngine*, QJSEngine*)
+{
+    return new SystemFont(nullptr);
+}
+
+QFont SystemFont::font() const
+{
+    return QGuiApplication::font();
+}
+
+bool SystemFont::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationFontChange) {
+        emit fontChanged();
+    }
+    return QObject::eventFilter(watched, event);
+}

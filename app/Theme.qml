@@ -1,0 +1,86 @@
+pragma Singleton
+
+import QtQuick
+import Kivora
+
+// The application's one palette and type scale. "System" follows the desktop's colour scheme;
+// "Light" and "Dark" force one.
+QtObject {
+    id: theme
+
+    readonly property bool dark: SettingsManager.appAppearance === "Dark"
+                                 || (SettingsManager.appAppearance === "System"
+                                     && SystemColorScheme.prefersDark)
+
+    // Surfaces
+    readonly property color windowBackground: dark ? "#1e1e21" : "#fafafb"
+    readonly property color popoverBackground: dark ? "#28282c" : "#ffffff"
+    readonly property color sidebarBackground: dark ? "#252528" : "#f0f0f3"
+    readonly property color controlBackground: dark ? "#36363b" : "#ececf0"
+    readonly property color cardBackground: dark ? "#2c2c31" : "#ffffff"
+    readonly property color cardBorder: dark ? "#3a3a40" : "#e1e1e6"
+    readonly property color fieldBackground: dark ? "#323237" : "#ffffff"
+    readonly property color border: dark ? "#46464d" : "#d6d6dc"
+    readonly property color separator: dark ? Qt.rgba(1, 1, 1, 0.09) : Qt.rgba(0, 0, 0, 0.08)
+    readonly property color selection: dark ? Qt.rgba(0.47, 0.68, 0.93, 0.22)
+                                            : Qt.rgba(0.21, 0.52, 0.89, 0.13)
+
+    // Text
+    readonly property color primaryText: dark ? "#f4f4f6" : "#1d1d21"
+    readonly property color secondaryText: dark ? Qt.rgba(1, 1, 1, 0.66) : Qt.rgba(0, 0, 0, 0.60)
+    readonly property color tertiaryText: dark ? Qt.rgba(1, 1, 1, 0.42) : Qt.rgba(0, 0, 0, 0.40)
+    readonly property color quaternaryText: dark ? Qt.rgba(1, 1, 1, 0.22) : Qt.rgba(0, 0, 0, 0.16)
+
+    // Accents
+    readonly property color accent: dark ? "#78aeed" : "#3584e4"
+    readonly property color accentText: "#ffffff"
+    readonly property color green: dark ? "#57d68d" : "#26a269"
+    readonly property color orange: dark ? "#ffa348" : "#e66100"
+    readonly property color red: dark ? "#ff7b7b" : "#d62f2f"
+    readonly property color yellow: dark ? "#f8e45c" : "#e5a50a"
+    readonly property color blue: dark ? "#78aeed" : "#1c71d8"
+    readonly property color purple: dark ? "#c061cb" : "#9141ac"
+    readonly property color warningBackground: dark ? Qt.rgba(1, 0.64, 0.28, 0.14)
+                                                    : Qt.rgba(0.9, 0.38, 0, 0.09)
+
+    // A palette colour by name, for the few places that receive one ("green", "orange", …).
+    function named(name: string): color {
+        switch (name) {
+        case "green": return green
+        case "orange": return orange
+        case "red": return red
+        case "yellow": return yellow
+        case "blue": return blue
+        case "purple": return purple
+        case "accent": return accent
+        case "secondary": return secondaryText
+        case "tertiary": return tertiaryText
+        default: return primaryText
+        }
+    }
+
+    // Type scale, derived from the desktop's interface font.
+    readonly property font systemFont: SystemFont.font
+    readonly property real baseSize: systemFont.pixelSize > 0
+                                     ? systemFont.pixelSize
+                                     : Math.round(systemFont.pointSize * 4 / 3)
+    readonly property font body: Qt.font({ family: systemFont.family, pixelSize: baseSize })
+    readonly property font headline: Qt.font({ family: systemFont.family, pixelSize: baseSize,
+                                               weight: Font.DemiBold })
+    readonly property font subheadline: Qt.font({ family: systemFont.family,
+                                                  pixelSize: Math.max(10, baseSize - 2) })
+    readonly property font caption: Qt.font({ family: systemFont.family,
+                                              pixelSize: Math.max(9, baseSize - 3) })
+    readonly property font title: Qt.font({ family: systemFont.family,
+                                            pixelSize: Math.round(baseSize * 1.55),
+                                            weight: Font.DemiBold })
+    readonly property font rowTitle: Qt.font({ family: systemFont.family, pixelSize: 13,
+                                               weight: Font.Medium })
+
+    // Shapes and motion
+    readonly property int cornerRadius: 8
+    readonly property int smallRadius: 5
+    readonly property int hoverDuration: 150
+    readonly property int statusDuration: 200
+    readonly property int switchedDuration: 300
+}

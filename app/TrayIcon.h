@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+// The status-area item: the logo with the title "Kivora". A left click toggles the popover,
+// a right click opens the menu "Open Kivora", "Settings…", "Check for Updates…", "Quit".
+// When the desktop has no status area yet, it keeps trying.
+class TrayIcon : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TrayIcon(QObject* parent = nullptr);
+
+    // Shows the item, or starts retrying. True when it is shown now.
+    bool show();
+    bool isShown() const { return m_tray.isVisible() && m_available; }
+    // The icon's place on the screen; empty when the status area does not tell.
+    QRect geometry() const;
+
+signals:
+    void toggleRequested(const QRect& iconGeometry);
+    void openRequested(const QRect& iconGeometry);
+    void settingsRequested();
+    void checkForUpdatesRequested();
+    void quitRequested();
+    // The status area appeared after the start.
+    void becameAvailable();
+
+private:
+    void retry();
+
+    QSystemTrayIcon m_tray;
+    QMenu m_menu;
+    QTimer m_retry;
+    bool m_available = false;
+};

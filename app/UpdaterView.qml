@@ -1,0 +1,49 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// "Updates", a button to check at once, and when the last check happened.
+Item {
+    id: view
+
+    // The relative time is redrawn now and then while the view is shown.
+    property int tick: 0
+
+    implicitWidth: column.implicitWidth + 40
+    implicitHeight: column.implicitHeight + 40
+
+    Timer {
+        interval: 30000
+        repeat: true
+        running: view.visible
+        onTriggered: view.tick++
+    }
+
+    ColumnLayout {
+        id: column
+        anchors.fill: parent
+        anchors.margins: 20
+        spacing: 12
+
+        Text {
+            text: "Updates"
+            font: Theme.headline
+            color: Theme.primaryText
+        }
+        PushButton {
+            objectName: "checkForUpdatesButton"
+            text: "Check for Updates"
+            onClicked: Updater.checkForUpdates()
+        }
+        Text {
+            objectName: "lastCheckedText"
+            visible: Updater.hasLastUpdateCheckDate
+            text: view.tick >= 0 && Updater.hasLastUpdateCheckDate
+                  ? "Last checked: " + RelativeTime.describe(Updater.lastUpdateCheckDate) + " ago"
+                  : ""
+            font: Theme.caption
+            color: Theme.secondaryText
+        }
+        Item { Layout.fillHeight: true }
+    }
+}

@@ -1,0 +1,132 @@
+import QtQuick
+import QtQuick.Window
+import QtQuick.Layouts
+import QtQuick.Controls.Basic
+import Kivora
+
+// The updater's window: checking, up to date, an update found (version, notes, Download and
+// Later) or the error of the last check.
+Window {
+    id: window
+
+    readonly property int updateState: Updater.state
+
+    title: "Software Update"
+    width: 460
+    height: layout.implicitHeight + 48
+    minimumWidth: 380
+    color: Theme.windowBackground
+
+    ColumnLayout {
+        id: layout
+        anchors.fill: parent
+        anchors.margins: 24
+        spacing: 14
+
+        RowLayout {
+            spacing: 16
+            Image {
+                Layout.alignment: Qt.AlignTop
+                source: "qrc:/qt/qml/Kivora/assets/kivora-logo.svg"
+                sourceSize.width: 56
+                sourceSize.height: 56
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 6
+                Text {
+                    objectName: "updaterHeadline"
+                    Layout.fillWidth: true
+                    font: Theme.headline
+                    color: Theme.primaryText
+                    wrapMode: Text.WordWrap
+                    text: {
+                        switch (window.updateState) {
+                        case Updater.Checking: return "Checking for updates…"
+                        case Updater.UpToDate: return "You're up to date!"
+                        case Updater.UpdateFound: return "A new version of Kivora is available!"
+                        case Updater.Error: return "Update Error"
+                        default: return "Software Update"
+                        }
+                    }
+                }
+                Text {
+                    objectName: "updaterDetail"
+                    Layout.fillWidth: true
+                    font: Theme.body
+                    color: Theme.secondaryText
+                    wrapMode: Text.WordWrap
+                    text: {
+                        switch (window.updateState) {
+                        case Updater.UpToDate:
+                            return "Kivora " + Updater.currentVersion
+                                    + " is currently the newest version available."
+                        case Updater.UpdateFound:
+                            return "Kivora " + Updater.availableVersion + " is now available — you have "
+                                    + Updater.currentVersion + "."
+                        case Updater.Error: return Updater.errorMessage
+                        default: return ""
+                        }
+                    }
+                    visible: text.length > 0
+                }
+                BusyIndicator {
+                    visible: window.updateState === Updater.Checking
+                    running: visible
+                    implicitWidth: 28
+                    implicitHeight: 28
+                }
+            }
+        }
+
+        ScrollView {
+            objectName: "releaseNotes"
+            visible: window.updateState === Updater.UpdateFound && Updater.releaseNotes.length > 0
+            Layout.fillWidth: true
+            Layout.preferredHeight: 180
+            clip: true
+            TextArea {
+                readOnly: true
+                text: Updater.releaseNotes
+                textFormat: TextEdit.AutoText
+                wrapMode: TextEdit.Wrap
+                font: Theme.body
+                color: Theme.primaryText
+                background: Rectangle {
+                    radius: 8
+                    color: Theme.cardBackground
+                    border.color: Theme.cardBorder
+                }
+            }
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 8
+            Item { Layout.fillWidth: true }
+            PushButton {
+                objectName: "laterButton"
+                visible: window.updateState === Updater.UpdateFound
+                text: "Later"
+                onClicked: window.close()
+            }
+            PushButton {
+                objectName: "downloadButton"
+                visible: window.updateState === Updater.UpdateFound
+                prominent: true
+                text: "Download"
+                onClicked: {
+                    Qt.openUrlExternally(Updater.downloadUrl)
+                    window.close()
+                }
+            }
+            PushButton {
+                objectName: "okButton"
+                visible: window.updateState !== Updater.UpdateFound
+                prominent: window.updateState !== Updater.Checking
+                text: window.updateState === Updater.Checking ? "Cancel" : "OK"
+                onClicked: window.close()
+            }
+        }
+    }
+}

@@ -1,0 +1,58 @@
+#include "app/WindowRegistry.h"
+
+#include "app/AppServices.h"
+
+#include <QJSEngine>
+#include <QQmlEngine>
+
+WindowRegistry::WindowRegistry(QObject* parent) : QObject(parent) {}
+
+void WindowRegistry::add(const QString& id, Factory factory)
+{
+    m_factories.insert(id, std::move(factory));
+}
+
+bool WindowRegistry::open(const QString& id)
+{
+    QPointer<QWindow>& window = m_windows[id];
+    if (!window) {
+        const auto factory = m_factories.constFind(id);
+        if (factory != m_factories.constEnd()) {
+            window = (*factory)();
+        }
+    }
+    if (window) {
+        window->show();
+        if (window->windowStates() & Qt::WindowMinimized) {
+            window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+        }
+        window->raise();
+        window->requestActivate();
+    }
+    // Announced even without a window, so that a view without one (a test) can follow it.
+    emit opened(id);
+    return window != nullptr;
+}
+
+bool WindowRegistry::isOpen(const QString& id) const
+{
+    const QWindow* w = window(id);
+    return w && w->isVisible();
+}
+
+QWindow* WindowRegistry::window(const QString& id) const
+{
+    return m_windows.value(id);
+}
+
+WindowRegistry* WindowRegistry::create(QQmlEngine*, QJSEngine*)
+{
+    WindowRegistry* windows = AppServices::windows();
+    if (!windows) {
+        // A view loaded without the application (a test) still gets a registry to call.
+        windows = new WindowRegistry(nullptr);
+        AppServices::setWindows(windows);
+    }
+    QJSEngine::setObjectOwnership(windows, QJSEngine::CppOwnership);
+    return windows;
+}

@@ -1,0 +1,89 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// The active profile: avatar, name and identity lines, or "No profile selected".
+Rectangle {
+    id: card
+
+    property bool hasProfile: false
+    property var profile: ({})
+    property string iconStyle: "dot"
+    property bool showEmail: true
+
+    implicitHeight: layout.implicitHeight + 24
+    radius: 10
+    color: Theme.controlBackground
+    clip: true
+
+    RowLayout {
+        id: layout
+        anchors.fill: parent
+        anchors.margins: 12
+        spacing: 12
+
+        ProfileAvatar {
+            Layout.alignment: Qt.AlignTop
+            iconStyle: card.iconStyle
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 4
+
+            RowLayout {
+                Layout.fillWidth: true
+                Text {
+                    text: "Active Profile"
+                    font: Theme.caption
+                    color: Theme.secondaryText
+                }
+                Item { Layout.fillWidth: true }
+                SymbolIcon {
+                    name: "checkmark.circle.fill"
+                    color: card.hasProfile ? Theme.green : Theme.tertiaryText
+                    size: 13
+                }
+            }
+
+            Text {
+                objectName: "noProfileText"
+                visible: !card.hasProfile
+                text: "No profile selected"
+                font: Theme.subheadline
+                color: Theme.secondaryText
+            }
+
+            Text {
+                objectName: "activeProfileName"
+                visible: card.hasProfile
+                Layout.fillWidth: true
+                text: card.profile.name ?? ""
+                font: Theme.headline
+                color: Theme.primaryText
+                elide: Text.ElideRight
+            }
+            DetailLine {
+                objectName: "gitNameLine"
+                visible: card.hasProfile
+                Layout.fillWidth: true
+                symbol: "person.fill"
+                text: card.profile.gitName ?? ""
+            }
+            DetailLine {
+                objectName: "emailLine"
+                visible: card.hasProfile && card.showEmail
+                Layout.fillWidth: true
+                symbol: "envelope.fill"
+                text: card.profile.gitEmail ?? ""
+            }
+            DetailLine {
+                objectName: "keyLine"
+                visible: card.hasProfile && (card.profile.sshKeyPath ?? "").length > 0
+                Layout.fillWidth: true
+                symbol: "key.fill"
+                text: card.profile.sshKeyPath ?? ""
+            }
+        }
+    }
+}

@@ -1,0 +1,35 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Kivora
+
+// A small square symbol button with a tooltip, as a profile row shows on hover.
+AbstractButton {
+    id: button
+
+    property string symbol
+    property color foreground: Theme.secondaryText
+    property string tooltip
+
+    implicitWidth: 24
+    implicitHeight: 24
+    hoverEnabled: true
+
+    ToolTip.text: tooltip
+    ToolTip.visible: hovered && tooltip.length > 0
+    ToolTip.delay: 500
+
+    contentItem: Item {
+        SymbolIcon {
+            anchors.centerIn: parent
+            name: button.symbol
+            color: button.foreground
+            size: 13
+        }
+    }
+
+    background: Rectangle {
+        radius: 5
+        color: Theme.quaternaryText
+        opacity: button.pressed ? 0.8 : 0.4
+    }
+}

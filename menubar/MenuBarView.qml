@@ -1,0 +1,172 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Controls.Basic
+import Kivora
+
+// The popover's content: setup banner, active profile, the profiles to switch between,
+// the AI and sync status, and the application commands.
+Item {
+    id: view
+
+    // The profile switched to in the last 1.5 seconds (its id), for the rows' "Switched" mark.
+    property string justSwitched: ""
+    // The profile whose edit button was pressed last. Nothing in the popover shows it.
+    property var editingProfile: null
+
+    readonly property alias profiles: profileModel
+    readonly property bool compact: SettingsManager.compactMode
+    readonly property real listMaximumHeight: compact ? 150 : 250
+
+    signal dismissRequested()
+
+    implicitWidth: 320
+    implicitHeight: column.implicitHeight + 2 * column.anchors.margins
+
+    ProfileListModel {
+        id: profileModel
+        manager: ProfileManager
+    }
+
+    // Each switch schedules its own clearing: a second switch within 1.5 seconds replaces the
+    // id at once, and the first switch's timer still clears it at its own time.
+    Component {
+        id: clearSwitchedTimer
+        Timer {
+            interval: 1500
+            running: true
+            onTriggered: {
+                view.justSwitched = ""
+                destroy()
+            }
+        }
+    }
+
+    function switchTo(profileId: string) {
+        if (profileModel.activate(profileId)) {
+            justSwitched = profileId
+            clearSwitchedTimer.createObject(view)
+        }
+    }
+
+    function openSettings() {
+        Windows.open("settings")
+        view.dismissRequested()
+    }
+
+    ColumnLayout {
+        id: column
+        anchors.fill: parent
+        anchors.margins: 12
+        spacing: 10
+
+        SetupBanner {
+            objectName: "setupBanner"
+            Layout.fillWidth: true
+            visible: ProfileManager.needsProfileSetup
+            onClicked: view.openSettings()
+        }
+
+        ActiveProfileCard {
+            objectName: "activeProfileCard"
+            Layout.fillWidth: true
+            hasProfile: profileModel.hasActiveProfile
+            profile: profileModel.activeProfile
+            iconStyle: SettingsManager.menuBarIconStyle
+            showEmail: SettingsManager.showProfileEmail
+        }
+
+        Divider { Layout.fillWidth: true }
+
+        ScrollView {
+            id: profileScroll
+            objectName: "profileList"
+            Layout.fillWidth: true
+            Layout.preferredHeight: Math.min(profileColumn.implicitHeight, view.listMaximumHeight)
+            Layout.maximumHeight: view.listMaximumHeight
+            contentWidth: availableWidth
+            clip: true
+
+            Column {
+                id: profileColumn
+                width: profileScroll.availableWidth
+                spacing: 2
+                topPadding: 2
+                bottomPadding: 2
+
+                Repeater {
+                    model: profileModel
+                    delegate: ProfileRow {
+                        required property string profileId
+                        required property string name
+                        required property string gitName
+                        required property string gitEmail
+                        required property bool isActive
+
+                        width: profileColumn.width
+                        objectName: "profileRow:" + name
+                        profileName: name
+                        identity: gitName + " · " + gitEmail
+                        active: isActive
+                        justSwitched: view.justSwitched === profileId
+                        onSwitchRequested: view.switchTo(profileId)
+                        onOpenTerminalRequested: profileModel.openTerminal(profileId)
+                        onEditRequested: view.editingProfile = profileId
+                        onDeleteRequested: profileModel.remove(profileId)
+                    }
+                }
+            }
+        }
+
+        Divider { Layout.fillWidth: true }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: 8
+            Layout.rightMargin: 8
+            spacing: 8
+
+            StatusRow {
+                Layout.fillWidth: true
+                objectName: "aiStatus"
+                label: "AI Context"
+                showDot: AIContextManager.hasCurrentConfig && AIContextManager.currentConfig.isEnabled
+                value: showDot ? AIContextManager.currentConfig.provider : "Not configured"
+                valueColor: showDot ? Theme.secondaryText : Theme.tertiaryText
+            }
+
+            StatusRow {
+                Layout.fillWidth: true
+                objectName: "syncStatus"
+                label: "iCloud Sync"
+                showDot: true
+                value: "Local only"
+                valueColor: Theme.tertiaryText
+            }
+        }
+
+        Divider { Layout.fillWidth: true }
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 4
+
+            PlainButton {
+                objectName: "addProfileButton"
+                text: "Add Profile"
+                symbol: "plus"
+                onClicked: view.openSettings()
+            }
+            Item { Layout.fillWidth: true }
+            PlainButton {
+                objectName: "settingsButton"
+                text: "Settings"
+                onClicked: view.openSettings()
+            }
+            PlainButton {
+                objectName: "quitButton"
+                text: "Quit"
+                onClicked: Qt.quit()
+            }
+        }
+    }
+}

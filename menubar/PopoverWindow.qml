@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Window
+import Kivora
+
+// The popover's window: frameless beside the tray icon (the application places it), closed
+// by Escape. The application closes it when it loses focus.
+Window {
+    id: window
+
+    title: "Kivora"
+    width: view.implicitWidth
+    height: view.implicitHeight
+    minimumWidth: view.implicitWidth
+    maximumWidth: view.implicitWidth
+    color: Theme.popoverBackground
+    flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
+
+    MenuBarView {
+        id: view
+        objectName: "menuBarView"
+        anchors.fill: parent
+        focus: true
+        onDismissRequested: window.hide()
+    }
+
+    // A hairline frame, since a frameless window has no decoration of its own.
+    Rectangle {
+        anchors.fill: parent
+        color: "transparent"
+        border.color: Theme.border
+        border.width: 1
+    }
+
+    Shortcut {
+        sequence: "Escape"
+        onActivated: window.hide()
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// A status line of the popover: a label, then a value with an optional green dot.
+RowLayout {
+    id: row
+
+    property string label
+    property string value
+    property bool showDot: false
+    property color valueColor: Theme.secondaryText
+
+    spacing: 0
+
+    Text {
+        text: row.label
+        font: Theme.subheadline
+        color: Theme.secondaryText
+    }
+    Item { Layout.fillWidth: true }
+    Rectangle {
+        objectName: "statusDot"
+        visible: row.showDot
+        implicitWidth: 6
+        implicitHeight: 6
+        radius: 3
+        color: Theme.green
+        Layout.rightMargin: 4
+    }
+    Text {
+        objectName: "statusValue"
+        text: row.value
+        font: Theme.subheadline
+        color: row.valueColor
+    }
+}

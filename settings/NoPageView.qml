@@ -1,0 +1,24 @@
+import QtQuick
+import Kivora
+
+// Shown while no page is selected.
+Rectangle {
+    color: Theme.windowBackground
+
+    Column {
+        anchors.centerIn: parent
+        spacing: 8
+        SymbolIcon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: "gearshape"
+            color: Theme.tertiaryText
+            size: 40
+        }
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: "Select a settings page"
+            font: Theme.headline
+            color: Theme.secondaryText
+        }
+    }
+}

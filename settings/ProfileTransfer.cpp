@@ -1,0 +1,55 @@
+#include "settings/ProfileTransfer.h"
+
+#include "model/AtomicFile.h"
+#include "model/ProfileCodec.h"
+
+#include <QFile>
+
+namespace {
+
+QString localPath(const QUrl& file)
+{
+    return file.isLocalFile() ? file.toLocalFile() : file.toString();
+}
+
+} // namespace
+
+ProfileTransfer::ProfileTransfer(QObject* parent) : QObject(parent) {}
+
+void ProfileTransfer::setManager(ProfileManager* manager)
+{
+    if (m_manager != manager) {
+        m_manager = manager;
+        emit managerChanged();
+    }
+}
+
+bool ProfileTransfer::exportTo(const QUrl& file) const
+{
+    if (!m_manager || file.isEmpty()) {
+        return false;
+    }
+    // The file holds the same data as the profile file, keys included: private to the user.
+    return AtomicFile::write(localPath(file),
+                             ProfileCodec::encodeProfileArray(m_manager->profiles()),
+                             AtomicFile::privateFile);
+}
+
+int ProfileTransfer::importFrom(const QUrl& file) const
+{
+    if (!m_manager || file.isEmpty()) {
+        return 0;
+    }
+    QFile input(localPath(file));
+    if (!input.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    const auto profiles = ProfileCodec::decodeProfileArray(input.readAll());
+    if (!profiles) {
+        return 0;
+    }
+    for (const GitProfile& profile : *profiles) {
+        m_manager->addProfile(profile.name, profile.gitName, profile.gitEmail, profile.sshKeyPath);
+    }
+    return int(profiles->size());
+}

@@ -1,0 +1,110 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Kivora
+
+// The settings window's sidebar: search field, Favorites (while any), the General,
+// Advanced and Account sections, and the quick actions. Search dims rows, never hides them.
+Rectangle {
+    id: sidebar
+
+    property int selectedTab: -1
+    property var favoritedTabs: []
+    property alias searchText: search.text
+    readonly property bool searchFocused: search.activeFocus
+
+    signal tabSelected(int tab)
+    signal favoriteToggled(int tab)
+    signal exportRequested()
+    signal importRequested()
+    signal resetRequested()
+
+    function focusSearch() {
+        search.forceActiveFocus()
+    }
+
+    color: Theme.sidebarBackground
+
+    SearchField {
+        id: search
+        objectName: "searchField"
+        anchors.top: parent.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: 12
+        placeholderText: "Search settings"
+    }
+
+    Flickable {
+        id: flick
+        anchors.top: search.bottom
+        anchors.topMargin: 8
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        contentHeight: list.implicitHeight + 16
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {}
+
+        Column {
+            id: list
+            x: 8
+            width: flick.width - 16
+            spacing: 1
+
+            SettingsSidebarSection {
+                objectName: "favoritesSection"
+                width: list.width
+                visible: sidebar.favoritedTabs.length > 0
+                title: "Favorites"
+                rowPrefix: "favoriteRow:"
+                tabs: SettingsTab.sortedByTitle(sidebar.favoritedTabs)
+                favoritedTabs: sidebar.favoritedTabs
+                selectedTab: sidebar.selectedTab
+                searchText: sidebar.searchText
+                onTabSelected: tab => sidebar.tabSelected(tab)
+                onFavoriteToggled: tab => sidebar.favoriteToggled(tab)
+            }
+
+            Repeater {
+                model: SettingsTab.sections()
+                delegate: SettingsSidebarSection {
+                    required property string modelData
+                    objectName: "section:" + modelData
+                    width: list.width
+                    title: modelData
+                    tabs: SettingsTab.tabsIn(modelData)
+                    favoritedTabs: sidebar.favoritedTabs
+                    selectedTab: sidebar.selectedTab
+                    searchText: sidebar.searchText
+                    onTabSelected: tab => sidebar.tabSelected(tab)
+                    onFavoriteToggled: tab => sidebar.favoriteToggled(tab)
+                }
+            }
+
+            SidebarSectionHeader { text: "Quick Actions" }
+            QuickActionRow {
+                objectName: "exportAction"
+                width: list.width
+                title: "Export Profiles"
+                icon: "square.and.arrow.up"
+                onClicked: sidebar.exportRequested()
+            }
+            QuickActionRow {
+                objectName: "importAction"
+                width: list.width
+                title: "Import Profiles"
+                icon: "square.and.arrow.down"
+                onClicked: sidebar.importRequested()
+            }
+            QuickActionRow {
+                objectName: "resetAction"
+                width: list.width
+                title: "Reset All Settings"
+                icon: "arrow.counterclockwise"
+                destructive: true
+                onClicked: sidebar.resetRequested()
+            }
+        }
+    }
+}

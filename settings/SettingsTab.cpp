@@ -1,0 +1,131 @@
+#include "settings/SettingsTab.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace {
+
+struct TabInfo {
+    SettingsTab::Tab tab;
+    const char* title;
+    const char* icon;
+    const char* section;
+};
+
+constexpr TabInfo tabInfo[] = {
+    {SettingsTab::Profiles, "Profiles", "person.2.fill", "General"},
+    {SettingsTab::AI, "AI", "sparkles", "Advanced"},
+    {SettingsTab::SSH, "SSH", "key.fill", "Advanced"},
+    {SettingsTab::Appearance, "Appearance", "paintbrush.fill", "General"},
+    {SettingsTab::Hooks, "Hooks", "terminal.fill", "Advanced"},
+    {SettingsTab::Notifications, "Notifications", "bell.fill", "General"},
+    {SettingsTab::Sync, "Sync", "arrow.triangle.2.circlepath", "Advanced"},
+    {SettingsTab::About, "About", "info.circle.fill", "Account"},
+    {SettingsTab::Updates, "Updates", "arrow.down.circle.fill", "General"},
+};
+
+const TabInfo* info(int tab)
+{
+    for (const TabInfo& entry : tabInfo) {
+        if (entry.tab == tab) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+SettingsTab::SettingsTab(QObject* parent) : QObject(parent) {}
+
+SettingsTab* SettingsTab::create(QQmlEngine*, QJSEngine*)
+{
+    // Stateless: each engine gets its own instance and owns it.
+    return new SettingsTab(nullptr);
+}
+
+QVariantList SettingsTab::allTabs()
+{
+    QVariantList tabs;
+    for (const TabInfo& entry : tabInfo) {
+        tabs << int(entry.tab);
+    }
+    return tabs;
+}
+
+QString SettingsTab::title(int tab)
+{
+    const TabInfo* entry = info(tab);
+    return entry ? QString::fromLatin1(entry->title) : QString();
+}
+
+QString SettingsTab::icon(int tab)
+{
+    const TabInfo* entry = info(tab);
+    return entry ? QString::fromLatin1(entry->icon) : QString();
+}
+
+QString SettingsTab::section(int tab)
+{
+    const TabInfo* entry = info(tab);
+    return entry ? QString::fromLatin1(entry->section) : QString();
+}
+
+QStringList SettingsTab::sections()
+{
+    return {QStringLiteral("General"), QStringLiteral("Advanced"), QStringLiteral("Account")};
+}
+
+QVariantList SettingsTab::tabsIn(const QString& section)
+{
+    // Fixed orders, not alphabetical and not the declaration order.
+    QList<Tab> tabs;
+    if (section == QLatin1String("General")) {
+        tabs = {Profiles, Appearance, Notifications, Updates};
+    } else if (section == QLatin1String("Advanced")) {
+        tabs = {AI, SSH, Hooks, Sync};
+    } else if (section == QLatin1String("Account")) {
+        tabs = {About};
+    }
+    QVariantList result;
+    for (Tab tab : tabs) {
+        result << int(tab);
+    }
+    return result;
+}
+
+QVariantList SettingsTab::sortedByTitle(const QVariantList& tabs)
+{
+    QVariantList sorted = tabs;
+    std::sort(sorted.begin(), sorted.end(), [](const QVariant& a, const QVariant& b) {
+        return title(a.toInt()) < title(b.toInt());
+    });
+    return sorted;
+}
+
+QVariantList SettingsTab::toggled(const QVariantList& favorites, int tab)
+{
+    QVariantList result;
+    bool removed = false;
+    for (const QVariant& favorite : favorites) {
+        if (favorite.toInt() == tab) {
+            removed = true;
+        } else {
+            result << favorite.toInt();
+        }
+    }
+    if (!removed) {
+        result << tab;
+    }
+    return result;
+}
+
+bool SettingsTab::matchesSearch(int tab, const QString& searchText)
+{
+    if (searchText.isEmpty()) {
+        return true;
+    }
+    const QLocale locale;
+    return locale.toLower(title(tab)).contains(locale.toLower(searchText));
+}

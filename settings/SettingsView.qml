@@ -1,0 +1,122 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Dialogs
+import QtCore
+import Kivora
+
+// The settings window's content: the sidebar of pages with search, favourites and quick
+// actions, and the selected page.
+Item {
+    id: view
+
+    // All transient: nothing here is saved between runs.
+    property int selectedTab: SettingsTab.Profiles
+    property string searchText: ""
+    property var favoritedTabs: []
+    readonly property bool isSearchFocused: sidebar.searchFocused
+
+    function toggleFavorite(tab: int) {
+        favoritedTabs = SettingsTab.toggled(favoritedTabs, tab)
+    }
+
+    function focusSearch() {
+        const window = view.Window.window
+        if (window) {
+            window.raise()
+            window.requestActivate()
+        }
+        sidebar.focusSearch()
+    }
+
+    function exportProfiles(file: url): bool {
+        return transfer.exportTo(file)
+    }
+
+    function importProfiles(file: url): int {
+        return transfer.importFrom(file)
+    }
+
+    function resetAllSettings() {
+        SettingsManager.reset()
+    }
+
+    ProfileTransfer {
+        id: transfer
+        manager: ProfileManager
+    }
+
+    // Ctrl+F in any of the application's windows moves to the search field.
+    Shortcut {
+        sequence: "Ctrl+F"
+        context: Qt.ApplicationShortcut
+        onActivated: view.focusSearch()
+    }
+
+    // The file dialogs are made when asked for: they are heavy and rarely used.
+    Component {
+        id: exportDialog
+        FileDialog {
+            title: "Export Profiles"
+            fileMode: FileDialog.SaveFile
+            nameFilters: ["JSON files (*.json)"]
+            defaultSuffix: "json"
+            currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
+            selectedFile: StandardPaths.writableLocation(StandardPaths.HomeLocation)
+                          + "/kivora-profiles.json"
+            onAccepted: {
+                view.exportProfiles(selectedFile)
+                destroy()
+            }
+            onRejected: destroy()
+        }
+    }
+
+    Component {
+        id: importDialog
+        FileDialog {
+            title: "Import Profiles"
+            fileMode: FileDialog.OpenFile
+            nameFilters: ["JSON files (*.json)"]
+            currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
+            onAccepted: {
+                view.importProfiles(selectedFile)
+                destroy()
+            }
+            onRejected: destroy()
+        }
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        SettingsSidebar {
+            id: sidebar
+            objectName: "sidebar"
+            Layout.fillHeight: true
+            Layout.preferredWidth: 260
+            Layout.minimumWidth: 250
+            selectedTab: view.selectedTab
+            favoritedTabs: view.favoritedTabs
+            onSearchTextChanged: view.searchText = searchText
+            onTabSelected: tab => view.selectedTab = tab
+            onFavoriteToggled: tab => view.toggleFavorite(tab)
+            onExportRequested: (exportDialog.createObject(view) as FileDialog).open()
+            onImportRequested: (importDialog.createObject(view) as FileDialog).open()
+            onResetRequested: view.resetAllSettings()
+        }
+
+        Rectangle {
+            Layout.fillHeight: true
+            implicitWidth: 1
+            color: Theme.separator
+        }
+
+        SettingsPage {
+            objectName: "detail"
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            tab: view.selectedTab
+        }
+    }
+}

@@ -1,0 +1,24 @@
+import QtQuick
+import QtQuick.Window
+import Kivora
+
+// The settings window: 1100 × 650, not resizable. Its content is built each time the window
+// opens, so that it starts again with Profiles selected, an empty search and no favourites.
+Window {
+    id: window
+
+    title: "Kivora Settings"
+    width: 1100
+    height: 650
+    minimumWidth: 1100
+    maximumWidth: 1100
+    minimumHeight: 650
+    maximumHeight: 650
+    color: Theme.windowBackground
+
+    Loader {
+        anchors.fill: parent
+        active: window.visible
+        sourceComponent: SettingsView {}
+    }
+}

@@ -1,0 +1,191 @@
+#include "XSession.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+
+QStringList XSession::missingPrograms()
+{
+    QStringList missing;
+    for (const char* program : {"Xvfb", "trayer", "xdotool", "import"}) {
+        if (QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty()) {
+            missing << QString::fromLatin1(program);
+        }
+    }
+    return missing;
+}
+
+XSession::XSession() = default;
+
+XSession::~XSession()
+{
+    stop(m_trayer);
+    stop(m_xvfb);
+}
+
+void XSession::stop(std::unique_ptr<QProcess>& process)
+{
+    if (process && process->state() != QProcess::NotRunning) {
+        process->terminate();
+        if (!process->waitForFinished(3000)) {
+            process->kill();
+            process->waitForFinished(3000);
+        }
+    }
+    process.reset();
+}
+
+bool XSession::start(QString* problem)
+{
+    // A display number nobody uses.
+    for (int number = 87; number < 160; ++number) {
+        if (!QFile::exists(QStringLiteral("/tmp/.X%1-lock").arg(number)) &&
+            !QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(number))) {
+            m_display = QStringLiteral(":%1").arg(number);
+            break;
+        }
+    }
+    if (m_display.isEmpty()) {
+        *problem = QStringLiteral("no free X display number");
+        return false;
+    }
+    m_xvfb = std::make_unique<QProcess>();
+    m_xvfb->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_xvfb->start(QStringLiteral("Xvfb"), {m_display, QStringLiteral("-screen"),
+                                           QStringLiteral("0"), QStringLiteral("1400x900x24"),
+                                           QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    if (!m_xvfb->waitForStarted(5000)) {
+        *problem = QStringLiteral("Xvfb did not start");
+        return false;
+    }
+    // The server is up once a client can ask it something.
+    QElapsedTimer waited;
+    waited.start();
+    int code = -1;
+    while (waited.elapsed() < 10000) {
+        run(QStringLiteral("xdotool"), {QStringLiteral("getdisplaygeometry")}, &code, 2000);
+        if (code == 0) {
+            break;
+        }
+        QThread::msleep(100);
+    }
+    if (code != 0) {
+        *problem = QStringLiteral("Xvfb did not answer");
+        return false;
+    }
+
+    m_trayer = std::make_unique<QProcess>();
+    m_trayer->setProcessEnvironment(environment());
+    m_trayer->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_trayer->start(QStringLiteral("trayer"),
+                    {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
+                     QStringLiteral("right"), QStringLiteral("--widthtype"),
+                     QStringLiteral("pixel"), QStringLiteral("--width"), QStringLiteral("120"),
+                     QStringLiteral("--heighttype"), QStringLiteral("pixel"),
+                     QStringLiteral("--height"), QStringLiteral("28"),
+                     QStringLiteral("--SetDockType"), QStringLiteral("true")});
+    if (!m_trayer->waitForStarted(5000)) {
+        *problem = QStringLiteral("trayer did not start");
+        return false;
+    }
+    if (!waitForWindow(QStringLiteral("^panel$"), 10000)) {
+        *problem = QStringLiteral("trayer shows no panel");
+        return false;
+    }
+    return true;
+}
+
+QProcessEnvironment XSession::environment() const
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("DISPLAY"), m_display);
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    env.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    return env;
+}
+
+QString XSession::run(const QString& program, const QStringList& arguments, int* exitCode,
+                      int timeoutMs) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    const bool finished = process.waitForFinished(timeoutMs);
+    if (!finished) {
+        process.kill();
+        process.waitForFinished(2000);
+    }
+    if (exitCode) {
+        *exitCode =
+            finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+void XSession::click(int x, int y, int button) const
+{
+    run(QStringLiteral("xdotool"),
+        {QStringLiteral("mousemove"), QString::number(x), QString::number(y),
+         QStringLiteral("click"), QString::number(button)});
+}
+
+void XSession::move(int x, int y) const
+{
+    run(QStringLiteral("xdotool"),
+        {QStringLiteral("mousemove"), QString::number(x), QString::number(y)});
+}
+
+std::optional<QString> XSession::waitForWindow(const QString& namePattern, int timeoutMs) const
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < timeoutMs) {
+        int code = -1;
+        const QString found = run(QStringLiteral("xdotool"),
+                                  {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                   QStringLiteral("--name"), namePattern},
+                                  &code, 3000);
+        if (code == 0 && !found.isEmpty()) {
+            return found.split(QLatin1Char('\n')).first().trimmed();
+        }
+        QThread::msleep(100);
+    }
+    return std::nullopt;
+}
+
+QRect XSession::geometry(const QString& window) const
+{
+    const QString text = run(QStringLiteral("xdotool"), {QStringLiteral("getwindowgeometry"),
+                                                         QStringLiteral("--shell"), window});
+    int x = 0, y = 0, width = 0, height = 0;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        const QString key = line.section(QLatin1Char('='), 0, 0);
+        const int value = line.section(QLatin1Char('='), 1).toInt();
+        if (key == u"X") {
+            x = value;
+        } else if (key == u"Y") {
+            y = value;
+        } else if (key == u"WIDTH") {
+            width = value;
+        } else if (key == u"HEIGHT") {
+            height = value;
+        }
+    }
+    return QRect(x, y, width, height);
+}
+
+QImage XSession::captureScreen() const
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("screen.png"));
+    run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), file});
+    return QImage(file);
+}
+
+QImage XSession::capture(const QRect& area) const
+{
+    return captureScreen().copy(area);
+}

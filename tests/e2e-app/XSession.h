@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QImage>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+// A private X display for one test: Xvfb at 1400 × 900 with the trayer status area docked
+// at the top right, plus the xdotool and ImageMagick helpers the test drives it with. Every
+// process it starts is ended when it goes.
+class XSession {
+public:
+    // The programs a session needs that are not installed; empty when all are there.
+    static QStringList missingPrograms();
+
+    XSession();
+    ~XSession();
+    XSession(const XSession&) = delete;
+    XSession& operator=(const XSession&) = delete;
+
+    bool start(QString* problem);
+    QString display() const { return m_display; }
+    // The current process environment with DISPLAY pointing at this session.
+    QProcessEnvironment environment() const;
+
+    // Runs a helper on the display and returns its trimmed standard output.
+    QString run(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
+                int timeoutMs = 10000) const;
+    void click(int x, int y, int button = 1) const;
+    void move(int x, int y) const;
+    // The first visible window whose name matches the pattern, waiting for it.
+    std::optional<QString> waitForWindow(const QString& namePattern, int timeoutMs) const;
+    QRect geometry(const QString& window) const;
+    QImage capture(const QRect& area) const;
+    QImage captureScreen() const;
+
+private:
+    void stop(std::unique_ptr<QProcess>& process);
+
+    QString m_display;
+    std::unique_ptr<QProcess> m_xvfb;
+    std::unique_ptr<QProcess> m_trayer;
+};

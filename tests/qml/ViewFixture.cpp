@@ -1,0 +1,118 @@
+#include "ViewFixture.h"
+
+#include "app/AppServices.h"
+#include "model/ProfileCodec.h"
+
+#include <QFile>
+
+ViewFixture::ViewFixture() : m_home(std::make_unique<TestHome>())
+{
+    ProfileManager::Options options;
+    options.home = m_home->path();
+    m_manager = std::make_unique<ProfileManager>(options);
+    AppServices::setProfileManager(m_manager.get());
+}
+
+ViewFixture::~ViewFixture()
+{
+    AppServices::setProfileManager(nullptr);
+    m_manager.reset();
+    m_home.reset();
+}
+
+void ViewFixture::arrange(int count, bool firstActive, bool needsSetup)
+{
+    QList<GitProfile> profiles;
+    for (int i = 1; i <= count; ++i) {
+        profiles << GitProfile::create(QStringLiteral("Profile %1").arg(i),
+                                       QStringLiteral("User %1").arg(i),
+                                       QStringLiteral("user%1@example.com").arg(i), QString());
+    }
+    m_manager->setProfiles(profiles);
+    m_manager->setActiveProfileID(firstActive && !profiles.isEmpty()
+                                      ? std::optional<QUuid>(profiles.first().id)
+                                      : std::nullopt);
+    m_manager->setNeedsProfileSetup(needsSetup);
+    m_manager->save();
+}
+
+void ViewFixture::arrangeForTransfer()
+{
+    GitProfile work = GitProfile::create(QStringLiteral("id_rsa_Work"), QStringLiteral("Ada"),
+                                         QStringLiteral("ada@work.example"),
+                                         QStringLiteral("~/.ssh/id_rsa_Work"));
+    work.aiConfig.isEnabled = true;
+    work.aiConfig.provider = AIProvider::Anthropic;
+    work.aiConfig.apiKey = QStringLiteral("sk-test");
+    const GitProfile laptop =
+        GitProfile::create(QStringLiteral("work laptop"), QStringLiteral("Ada L"),
+                           QStringLiteral("ada@home.example"), QString());
+    m_manager->setProfiles({work, laptop});
+    m_manager->setActiveProfileID(std::nullopt);
+    m_manager->save();
+}
+
+QStringList ViewFixture::profileNames() const
+{
+    QStringList names;
+    for (const GitProfile& profile : m_manager->profiles()) {
+        names << profile.name;
+    }
+    return names;
+}
+
+QStringList ViewFixture::profileIds() const
+{
+    QStringList ids;
+    for (const GitProfile& profile : m_manager->profiles()) {
+        ids << profile.idText();
+    }
+    return ids;
+}
+
+QStringList ViewFixture::profileGitNames() const
+{
+    QStringList names;
+    for (const GitProfile& profile : m_manager->profiles()) {
+        names << profile.gitName;
+    }
+    return names;
+}
+
+int ViewFixture::profilesWithAI() const
+{
+    int count = 0;
+    for (const GitProfile& profile : m_manager->profiles()) {
+        if (!(profile.aiConfig == AIConfig::empty())) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+QString ViewFixture::activeProfileID() const
+{
+    return m_manager->activeProfileIDText();
+}
+
+QString ViewFixture::globalGitName() const
+{
+    return m_home->gitConfig(QStringLiteral("user.name"));
+}
+
+int ViewFixture::savedProfileCount() const
+{
+    const auto stored =
+        ProfileCodec::decodeStore(m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+    return stored ? int(stored->profiles.size()) : -1;
+}
+
+QUrl ViewFixture::homeFile(const QString& name) const
+{
+    return QUrl::fromLocalFile(m_home->filePath(name));
+}
+
+bool ViewFixture::homeFileExists(const QString& name) const
+{
+    return m_home->exists(name);
+}

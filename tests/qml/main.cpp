@@ -1,0 +1,34 @@
+#include "ViewFixture.h"
+#include "app/QmlHost.h"
+
+#include <QQmlEngine>
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest>
+
+#include <memory>
+
+Q_IMPORT_QML_PLUGIN(KivoraPlugin)
+
+// Gives every test file's engine the module's import path and symbols, and the fixture as
+// the singleton "Fixture" of the module "KivoraTest".
+class Setup : public QObject {
+    Q_OBJECT
+
+public slots:
+    void applicationAvailable()
+    {
+        m_fixture = std::make_unique<ViewFixture>();
+        qmlRegisterSingletonInstance("KivoraTest", 1, 0, "Fixture", m_fixture.get());
+    }
+
+    void qmlEngineAvailable(QQmlEngine* engine) { QmlHost::prepare(*engine); }
+
+    void cleanupTestCase() { m_fixture.reset(); }
+
+private:
+    std::unique_ptr<ViewFixture> m_fixture;
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(kivora_views, Setup)
+
+#include "main.moc"
