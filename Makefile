@@ -9,7 +9,7 @@ GENERATOR  := -G Ninja
 JOBS       ?= $(shell nproc)
 SOURCES     = $(shell git ls-files '*.cpp' '*.h' 2>/dev/null || find . -path ./build\* -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
 
-.PHONY: all deps build run test test-core test-asan check-format format bench clean
+.PHONY: all deps build run test test-core test-asan check-format format bench clean package
 
 all: build
 
@@ -46,6 +46,9 @@ test: check-format test-core test-asan
 
 bench: build
 	$(BUILD)/bench/kivora-bench
+
+package: build
+	cd $(BUILD) && cpack -G DEB && echo "package: $$(ls -t "$$PWD"/kivora_*.deb | head -n 1)"
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

@@ -24,7 +24,7 @@ int KivoraApp::main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Kivora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Kivora"));
     QApplication::setApplicationVersion(QStringLiteral(KIVORA_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("kivora"));
+    QApplication::setDesktopFileName(QStringLiteral("io.github.kivora.Kivora"));
     QApplication::setQuitOnLastWindowClosed(false);
 
     // One instance per user: a second start brings the running popover forward and ends.

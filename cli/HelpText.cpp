@@ -76,6 +76,14 @@ const QList<std::pair<QString, Entry>>& entries()
          {QStringLiteral("kivora check-updates"),
           QStringLiteral("Check the update feed now and say whether a newer version exists."),
           QString()}},
+        {QStringLiteral("autostart"),
+         {QStringLiteral("kivora autostart on|off|status"),
+          QStringLiteral("Start the tray application at login (on), no longer (off), or say "
+                         "whether it does (status)."),
+          QStringLiteral(
+              "  The entry is $XDG_CONFIG_HOME/autostart/kivora.desktop (XDG_CONFIG_HOME\n"
+              "  defaults to ~/.config). One marked Hidden=true or\n"
+              "  X-GNOME-Autostart-enabled=false counts as off.\n")}},
     };
     return all;
 }

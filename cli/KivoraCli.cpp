@@ -10,6 +10,7 @@
 #include "model/AtomicFile.h"
 #include "model/HomePath.h"
 #include "model/ProfileCodec.h"
+#include "prefs/Autostart.h"
 #include "updates/Updater.h"
 
 #include <QCoreApplication>
@@ -121,6 +122,7 @@ int KivoraCli::run()
         {QLatin1String("keys"), &KivoraCli::keys},
         {QLatin1String("terminal"), &KivoraCli::terminal},
         {QLatin1String("check-updates"), &KivoraCli::checkUpdates},
+        {QLatin1String("autostart"), &KivoraCli::autostart},
     };
     for (const auto& [name, handler] : handlers) {
         if (command == name) {
@@ -209,6 +211,7 @@ int KivoraCli::startApplication()
     candidates << here + QStringLiteral("/kivora-app")
                << here + QStringLiteral("/../app/kivora-app")
                << here + QStringLiteral("/../lib/kivora/kivora-app")
+               << here + QStringLiteral("/" KIVORA_INSTALLED_APP_DIR "/kivora-app")
                << here + QStringLiteral("/../libexec/kivora-app");
     for (const QString& candidate : candidates) {
         const QFileInfo info(candidate);
@@ -588,4 +591,27 @@ int KivoraCli::checkUpdates(const QStringList& args)
         return fail(updater.errorMessage().isEmpty() ? QStringLiteral("the update check failed.")
                                                      : updater.errorMessage());
     }
+}
+
+int KivoraCli::autostart(const QStringList& args)
+{
+    QCommandLineParser parser;
+    if (!parse(parser, QStringLiteral("autostart"), args, 1)) {
+        return m_status;
+    }
+    const QString choice = parser.positionalArguments().first();
+    if (choice == QLatin1String("on") || choice == QLatin1String("off")) {
+        if (!Autostart::setEnabled(choice == QLatin1String("on"))) {
+            return fail(QStringLiteral("cannot %1 %2.")
+                            .arg(choice == QLatin1String("on") ? QStringLiteral("write")
+                                                               : QStringLiteral("remove"),
+                                 Autostart::path()));
+        }
+    } else if (choice != QLatin1String("status")) {
+        return fail(QStringLiteral("autostart takes on, off or status, not \"%1\".").arg(choice),
+                    UsageError);
+    }
+    m_out << (Autostart::isEnabled() ? "Kivora starts at login.\n"
+                                     : "Kivora does not start at login.\n");
+    return Success;
 }

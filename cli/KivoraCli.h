@@ -33,6 +33,7 @@ private:
     int keys(const QStringList& args);
     int terminal(const QStringList& args);
     int checkUpdates(const QStringList& args);
+    int autostart(const QStringList& args);
 
     // Parses a command's arguments; false when they are wrong (the error is printed) or when
     // help was asked for (printed, and `m_status` says which).

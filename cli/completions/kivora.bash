@@ -15,7 +15,7 @@ _kivora()
     local cur prev words cword
     _init_completion || return
 
-    local commands="list current use add edit remove export import keys terminal check-updates help"
+    local commands="list current use add edit remove export import keys terminal check-updates autostart help"
     if ((cword == 1)); then
         COMPREPLY=($(compgen -W "$commands --help --version" -- "$cur"))
         return
@@ -71,6 +71,9 @@ _kivora()
             ;;
         export | import)
             _filedir json
+            ;;
+        autostart)
+            COMPREPLY=($(compgen -W "on off status --help" -- "$cur"))
             ;;
         help)
             COMPREPLY=($(compgen -W "$commands" -- "$cur"))
