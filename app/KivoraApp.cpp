@@ -1,8 +1,8 @@
 #include "app/KivoraApp.h"
 
+#include "activation/InstanceChannel.h"
 #include "activation/ProfileManager.h"
 #include "app/AppServices.h"
-#include "app/InstanceChannel.h"
 #include "app/PopoverController.h"
 #include "app/QmlHost.h"
 #include "app/StartupTrace.h"
@@ -10,9 +10,11 @@
 #include "app/UpdaterForeign.h"
 #include "app/UpdaterPresenter.h"
 #include "app/WindowRegistry.h"
+#include "cli/KivoraCli.h"
 #include "updates/Updater.h"
 
 #include <QApplication>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QQuickWindow>
 #include <QTextStream>
@@ -142,6 +144,27 @@ void KivoraApp::registerCommands(InstanceChannel& channel)
     channel.addCommand(QStringLiteral("show"), [this](const QJsonObject&) {
         openPopover();
         return QJsonObject{};
+    });
+    // A command line command that changes profiles, carried out here so that this process's
+    // state stays authoritative and the open windows show the change at once.
+    channel.addCommand(QStringLiteral("cli"), [this](const QJsonObject& request) {
+        QStringList arguments{QStringLiteral("kivora")};
+        for (const QJsonValue& argument : request.value(QStringLiteral("arguments")).toArray()) {
+            arguments << argument.toString();
+        }
+        QString input = request.value(QStringLiteral("input")).toString();
+        QString out;
+        QString err;
+        QTextStream inStream(&input);
+        QTextStream outStream(&out);
+        QTextStream errStream(&err);
+        const int status =
+            KivoraCli(arguments, outStream, errStream, inStream, m_manager.get()).run();
+        outStream.flush();
+        errStream.flush();
+        return QJsonObject{{QStringLiteral("status"), status},
+                           {QStringLiteral("out"), out},
+                           {QStringLiteral("err"), err}};
     });
 }
 

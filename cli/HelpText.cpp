@@ -72,6 +72,11 @@ const QList<std::pair<QString, Entry>>& entries()
               "  The emulator is $TERMINAL when set, else x-terminal-emulator, then the\n"
               "  first installed of gnome-terminal, kgx, konsole, xfce4-terminal, kitty,\n"
               "  alacritty, wezterm, foot and xterm.\n")}},
+        {QStringLiteral("test-ai"),
+         {QStringLiteral("kivora test-ai PROFILE"),
+          QStringLiteral("Ask the profile's AI provider whether it accepts the key (one request "
+                         "to its model list) and print the answer."),
+          QString()}},
         {QStringLiteral("check-updates"),
          {QStringLiteral("kivora check-updates"),
           QStringLiteral("Check the update feed now and say whether a newer version exists."),

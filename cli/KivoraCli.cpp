@@ -1,9 +1,11 @@
 #include "cli/KivoraCli.h"
 
+#include "activation/InstanceChannel.h"
 #include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "activation/SSHKeyScanner.h"
 #include "activation/TerminalLauncher.h"
+#include "ai/AIContextManager.h"
 #include "cli/HelpText.h"
 #include "cli/ProfileJson.h"
 #include "cli/ProfileResolver.h"
@@ -18,6 +20,9 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTimer>
 
 #include <cerrno>
 #include <cstring>
@@ -71,8 +76,9 @@ std::optional<AIProvider> providerNamed(const QString& text)
 
 } // namespace
 
-KivoraCli::KivoraCli(QStringList arguments, QTextStream& out, QTextStream& err, QTextStream& in)
-    : m_arguments(std::move(arguments)), m_out(out), m_err(err), m_in(in)
+KivoraCli::KivoraCli(QStringList arguments, QTextStream& out, QTextStream& err, QTextStream& in,
+                     ProfileManager* hosted)
+    : m_arguments(std::move(arguments)), m_out(out), m_err(err), m_in(in), m_hosted(hosted)
 {
 }
 
@@ -109,6 +115,9 @@ int KivoraCli::run()
     }
 
     const QStringList rest = args.mid(1);
+    if (const auto status = handOn(command, rest)) {
+        return *status;
+    }
     using Handler = int (KivoraCli::*)(const QStringList&);
     const QList<std::pair<QLatin1String, Handler>> handlers{
         {QLatin1String("list"), &KivoraCli::list},
@@ -122,6 +131,7 @@ int KivoraCli::run()
         {QLatin1String("keys"), &KivoraCli::keys},
         {QLatin1String("terminal"), &KivoraCli::terminal},
         {QLatin1String("check-updates"), &KivoraCli::checkUpdates},
+        {QLatin1String("test-ai"), &KivoraCli::testAI},
         {QLatin1String("autostart"), &KivoraCli::autostart},
     };
     for (const auto& [name, handler] : handlers) {
@@ -175,6 +185,12 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
 
 ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
 {
+    if (m_hosted) {
+        if (withGlobalIdentity) {
+            m_hosted->refreshGlobalConfig();
+        }
+        return *m_hosted;
+    }
     if (!m_manager) {
         ProfileManager::Options options;
         options.readGlobalIdentity = withGlobalIdentity;
@@ -199,6 +215,47 @@ std::optional<GitProfile> KivoraCli::resolve(const QString& query)
         m_status = fail(error, UsageError);
     }
     return profile;
+}
+
+std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& args)
+{
+    static const QStringList changing{QStringLiteral("use"), QStringLiteral("add"),
+                                      QStringLiteral("edit"), QStringLiteral("remove"),
+                                      QStringLiteral("import")};
+    if (m_hosted || !changing.contains(command) || args.contains(QLatin1String("--help")) ||
+        args.contains(QLatin1String("-h"))) {
+        return std::nullopt;
+    }
+    QStringList arguments{command};
+    for (const QString& arg : args) {
+        // The application has its own working folder: a file to import is named absolutely.
+        const bool file = command == QLatin1String("import") && !arg.startsWith(u'-');
+        arguments << (file ? QFileInfo(arg).absoluteFilePath() : arg);
+    }
+    QJsonObject request{{QStringLiteral("command"), QStringLiteral("cli")},
+                        {QStringLiteral("arguments"), QJsonArray::fromStringList(arguments)}};
+    if (command == QLatin1String("edit") && args.contains(QLatin1String("--ai-key-stdin"))) {
+        request.insert(QStringLiteral("input"), input());
+    }
+    const auto reply = InstanceChannel::send(request, 60000);
+    if (!reply) {
+        return std::nullopt;
+    }
+    if (!reply->value(QStringLiteral("ok")).toBool()) {
+        return fail(QStringLiteral("the running Kivora did not take the command: %1.")
+                        .arg(reply->value(QStringLiteral("error")).toString()));
+    }
+    m_out << reply->value(QStringLiteral("out")).toString();
+    m_err << reply->value(QStringLiteral("err")).toString();
+    return reply->value(QStringLiteral("status")).toInt(Failure);
+}
+
+QString KivoraCli::input()
+{
+    if (!m_input) {
+        m_input = m_in.readAll();
+    }
+    return *m_input;
 }
 
 int KivoraCli::startApplication()
@@ -438,7 +495,7 @@ int KivoraCli::edit(const QStringList& args)
         config.baseURL = parser.value(baseUrl);
     }
     if (parser.isSet(keyStdin)) {
-        QString key = m_in.readAll();
+        QString key = input();
         if (key.endsWith(u'\n')) {
             key.chop(1);
         }
@@ -613,5 +670,38 @@ int KivoraCli::autostart(const QStringList& args)
     }
     m_out << (Autostart::isEnabled() ? "Kivora starts at login.\n"
                                      : "Kivora does not start at login.\n");
+    return Success;
+}
+
+int KivoraCli::testAI(const QStringList& args)
+{
+    QCommandLineParser parser;
+    if (!parse(parser, QStringLiteral("test-ai"), args, 1)) {
+        return m_status;
+    }
+    const auto profile = resolve(parser.positionalArguments().first());
+    if (!profile) {
+        return m_status;
+    }
+    std::optional<std::pair<bool, QString>> verdict;
+    QEventLoop loop;
+    AIContextManager ai;
+    ai.testConnection(profile->aiConfig, [&](bool success, const QString& message) {
+        verdict = std::make_pair(success, message);
+        loop.quit();
+    });
+    if (!verdict) {
+        // A request runs for at most a minute; a reply that never comes ends here too.
+        QTimer::singleShot(70000, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    if (!verdict) {
+        return fail(QStringLiteral("the provider gave no answer."));
+    }
+    if (!verdict->first) {
+        return fail(verdict->second +
+                    (verdict->second.endsWith(u'.') ? QString() : QStringLiteral(".")));
+    }
+    m_out << verdict->second << "\n";
     return Success;
 }

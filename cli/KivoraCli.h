@@ -5,6 +5,7 @@
 #include <QTextStream>
 
 #include <memory>
+#include <optional>
 
 class ProfileManager;
 struct GitProfile;
@@ -15,13 +16,22 @@ class KivoraCli {
 public:
     enum Status { Success = 0, Failure = 1, UsageError = 2 };
 
-    KivoraCli(QStringList arguments, QTextStream& out, QTextStream& err, QTextStream& in);
+    // With `hosted`, the commands work on that profile manager (the running application's)
+    // instead of one of their own, and nothing is handed on.
+    KivoraCli(QStringList arguments, QTextStream& out, QTextStream& err, QTextStream& in,
+              ProfileManager* hosted = nullptr);
     ~KivoraCli();
 
     int run();
 
 private:
     int startApplication();
+    // Hands a command that changes profiles to the running application, whose state in memory
+    // is authoritative; nothing when no application answers.
+    std::optional<int> handOn(const QString& command, const QStringList& args);
+    int testAI(const QStringList& args);
+    // Standard input, read once.
+    QString input();
     int list(const QStringList& args);
     int current(const QStringList& args);
     int use(const QStringList& args);
@@ -49,5 +59,7 @@ private:
     QTextStream& m_err;
     QTextStream& m_in;
     std::unique_ptr<ProfileManager> m_manager;
+    ProfileManager* m_hosted = nullptr;
+    std::optional<QString> m_input;
     int m_status = Success;
 };

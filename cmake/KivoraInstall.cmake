@@ -34,7 +34,7 @@ else()
     set(kivora_full_bin_dir ${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
 endif()
 file(RELATIVE_PATH KIVORA_APP_DIR_FROM_BIN ${kivora_full_bin_dir} ${kivora_full_app_dir})
-target_compile_definitions(kivora-cli PRIVATE
+target_compile_definitions(kivora_cli PRIVATE
                            "KIVORA_INSTALLED_APP_DIR=\"${KIVORA_APP_DIR_FROM_BIN}\"")
 
 install(TARGETS kivora-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

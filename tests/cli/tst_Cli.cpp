@@ -601,6 +601,43 @@ private slots:
         QVERIFY(r.err.contains(QStringLiteral("TERMINAL")));
     }
 
+    void testAIReportsTheVerdict()
+    {
+        LocalHttpServer server;
+        server.route("/api/tags", {200, "{}"});
+        server.route("/v1/models", {401, "{}"});
+        GitProfile local = profile(QStringLiteral("Local"));
+        local.aiConfig.provider = AIProvider::Local;
+        local.aiConfig.baseURL = server.url().toString();
+        GitProfile openAI = profile(QStringLiteral("Cloud"));
+        openAI.aiConfig.apiKey = QStringLiteral("sk-wrong");
+        const GitProfile none = profile(QStringLiteral("Nothing"));
+        writeStore({local, openAI, none});
+        m_home->setEnv("KIVORA_OPENAI_API_BASE", server.url().toEncoded());
+
+        const auto run = [&](const QString& name) {
+            QProcess process;
+            process.start(qEnvironmentVariable("KIVORA_CLI"), {QStringLiteral("test-ai"), name});
+            // The provider is served by this process: its event loop runs while kivora waits.
+            [&] { QTRY_VERIFY_WITH_TIMEOUT(process.state() == QProcess::NotRunning, 30000); }();
+            return Result{process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                          QString::fromUtf8(process.readAllStandardError())};
+        };
+        Result r = run(QStringLiteral("local"));
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QStringLiteral("Connected to local AI server successfully\n"));
+        r = run(QStringLiteral("cloud"));
+        QCOMPARE(r.status, 1);
+        QCOMPARE(r.err, QStringLiteral("kivora: Invalid API key.\n"));
+        QCOMPARE(server.requests().last().headers.value("authorization"),
+                 QByteArray("Bearer sk-wrong"));
+        const qsizetype sent = server.requests().size();
+        r = run(QStringLiteral("nothing"));
+        QCOMPARE(r.status, 1);
+        QCOMPARE(r.err, QStringLiteral("kivora: API key not configured.\n"));
+        QCOMPARE(server.requests().size(), sent);
+    }
+
     void unreadableFileIsKeptAndReported()
     {
         m_home->write(QStringLiteral(".git-switcher/profiles.json"), "{\"profiles\": [oops");

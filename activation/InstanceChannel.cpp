@@ -1,4 +1,4 @@
-#include "app/InstanceChannel.h"
+#include "activation/InstanceChannel.h"
 
 #include "model/HomePath.h"
 

@@ -1,0 +1,159 @@
+#include "XSession.h"
+#include "activation/InstanceChannel.h"
+#include "model/ProfileCodec.h"
+#include "support/TestHome.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+#include <memory>
+
+// While the tray application runs, the command line's profile changes are carried out by it:
+// its profile list in memory stays the one that is saved, so nothing is lost or overwritten.
+class CliHandOn : public QObject {
+    Q_OBJECT
+
+    struct Result {
+        int status = -1;
+        QString out;
+        QString err;
+    };
+
+    std::unique_ptr<XSession> m_x;
+    std::unique_ptr<TestHome> m_home;
+    std::unique_ptr<QProcess> m_app;
+
+    Result kivora(const QStringList& arguments, const QByteArray& input = {}) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_x->environment());
+        process.start(qEnvironmentVariable("KIVORA_CLI"), arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        process.waitForFinished(60000);
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    std::optional<StoredData> stored() const
+    {
+        return ProfileCodec::decodeStore(
+            m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+    }
+
+    QStringList storedNames() const
+    {
+        QStringList names;
+        const auto data = stored();
+        for (const GitProfile& p : data->profiles) {
+            names << p.name;
+        }
+        return names;
+    }
+
+    // Asks the running application for its own view of the profiles.
+    QString appList() const
+    {
+        const auto reply = InstanceChannel::send(
+            {{QStringLiteral("command"), QStringLiteral("cli")},
+             {QStringLiteral("arguments"),
+              QJsonArray{QStringLiteral("list"), QStringLiteral("--names")}}});
+        return reply ? reply->value(QStringLiteral("out")).toString()
+                     : QStringLiteral("<no answer>");
+    }
+
+private slots:
+    void initTestCase()
+    {
+        const QStringList missing = XSession::missingPrograms();
+        if (!missing.isEmpty()) {
+            QSKIP(qPrintable(QStringLiteral("needs ") + missing.join(QStringLiteral(", "))));
+        }
+        m_x = std::make_unique<XSession>();
+        QString problem;
+        QVERIFY2(m_x->start(&problem), qPrintable(problem));
+        m_home = std::make_unique<TestHome>();
+        const GitProfile work = GitProfile::create(QStringLiteral("Work"), QStringLiteral("W"),
+                                                   QStringLiteral("w@corp"), QString());
+        m_home->write(QStringLiteral(".git-switcher/profiles.json"),
+                      ProfileCodec::encodeStore({{work}, work.id}));
+
+        m_app = std::make_unique<QProcess>();
+        QProcessEnvironment env = m_x->environment();
+        env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"), QStringLiteral("http://127.0.0.1:9/"));
+        m_app->setProcessEnvironment(env);
+        m_app->start(qEnvironmentVariable("KIVORA_APP"), {});
+        QVERIFY(m_app->waitForStarted(5000));
+        // Ready once it answers on its socket.
+        QTRY_VERIFY_WITH_TIMEOUT(appList() == QStringLiteral("Work\n"), 20000);
+    }
+
+    void cleanupTestCase()
+    {
+        if (m_app && m_app->state() != QProcess::NotRunning) {
+            m_app->terminate();
+            if (!m_app->waitForFinished(5000)) {
+                m_app->kill();
+                m_app->waitForFinished(5000);
+            }
+        }
+        m_app.reset();
+        m_x.reset();
+        m_home.reset();
+    }
+
+    void changesGoThroughTheApplication()
+    {
+        Result r =
+            kivora({QStringLiteral("add"), QStringLiteral("home box"), QStringLiteral("--git-name"),
+                    QStringLiteral("H"), QStringLiteral("--git-email"), QStringLiteral("h@home")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QStringLiteral("Added profile Home Box.\n"));
+        QCOMPARE(appList(), QStringLiteral("Work\nHome Box\n"));
+        QCOMPARE(storedNames(), (QStringList{QStringLiteral("Work"), QStringLiteral("Home Box")}));
+
+        // Were the application unaware of "Home Box", its next save would drop it.
+        r = kivora({QStringLiteral("remove"), QStringLiteral("work")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(storedNames(), QStringList{QStringLiteral("Home Box")});
+        QCOMPARE(appList(), QStringLiteral("Home Box\n"));
+
+        r = kivora({QStringLiteral("use"), QStringLiteral("home")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("h@home"));
+        QCOMPARE(stored()->activeProfileID, std::optional<QUuid>(stored()->profiles.first().id));
+    }
+
+    void standardInputAndErrorsTravel()
+    {
+        Result r =
+            kivora({QStringLiteral("edit"), QStringLiteral("Home Box"), QStringLiteral("--ai"),
+                    QStringLiteral("on"), QStringLiteral("--ai-key-stdin")},
+                   "sk-through-the-app\n");
+        QCOMPARE(r.status, 0);
+        QCOMPARE(stored()->profiles.first().aiConfig.apiKey, QStringLiteral("sk-through-the-app"));
+
+        r = kivora({QStringLiteral("use"), QStringLiteral("nobody")});
+        QCOMPARE(r.status, 2);
+        QVERIFY(r.err.startsWith(QStringLiteral("kivora: no profile matches \"nobody\"")));
+
+        const QString file = m_home->filePath(QStringLiteral("export.json"));
+        QCOMPARE(kivora({QStringLiteral("export"), file}).status, 0);
+        // A relative file name is resolved where the command was typed.
+        QProcess process;
+        process.setProcessEnvironment(m_x->environment());
+        process.setWorkingDirectory(m_home->path());
+        process.start(qEnvironmentVariable("KIVORA_CLI"),
+                      {QStringLiteral("import"), QStringLiteral("export.json")});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(appList(), QStringLiteral("Home Box\nHome Box\n"));
+        QCOMPARE(m_app->state(), QProcess::Running);
+    }
+};
+
+QTEST_GUILESS_MAIN(CliHandOn)
+#include "tst_CliHandOn.moc"
