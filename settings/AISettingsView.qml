@@ -1,9 +1,147 @@
 import QtQuick
+import QtQuick.Layouts
 import Kivora
 
-// The "AI" page of the settings window.
+// The "AI" page of the settings window: what the per-profile AI context is, the providers
+// it will support and the first profiles. It only informs: every status reads
+// "Not configured", whatever a profile holds, until the feature arrives.
 SettingsContainer {
+    id: page
+
+    // Rows are shown for this many profiles; the rest are counted in a "+ N more" line.
+    readonly property int shownProfiles: 3
+    readonly property int profileCount: profileModel.count
+
     title: "AI"
     subtitle: "Configure AI context per profile"
     icon: "sparkles"
+
+    ProfileListModel {
+        id: profileModel
+        manager: ProfileManager
+    }
+
+    SettingsSection {
+        title: "AI Providers"
+
+        SettingsCard {
+            objectName: "providersCard"
+
+            Repeater {
+                model: [
+                    { name: "OpenAI", models: "GPT-4, GPT-3.5" },
+                    { name: "Anthropic", models: "Claude 3.5, Claude 3" },
+                    { name: "Google", models: "Gemini Pro" },
+                    { name: "Azure OpenAI", models: "GPT-4, GPT-3.5" }
+                ]
+                delegate: ColumnLayout {
+                    id: provider
+
+                    required property var modelData
+                    required property int index
+
+                    Layout.fillWidth: true
+                    spacing: 12
+
+                    Divider {
+                        Layout.fillWidth: true
+                        visible: provider.index > 0
+                    }
+                    ProviderRow {
+                        objectName: "providerRow:" + provider.modelData.name
+                        name: provider.modelData.name
+                        models: provider.modelData.models
+                        configured: false
+                    }
+                }
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "Profile Configuration"
+
+        SettingsCard {
+            ValueRow {
+                objectName: "configuredProfilesRow"
+                label: "Configured Profiles"
+                value: String(page.profileCount)
+                emphasized: true
+            }
+
+            Text {
+                objectName: "noProfilesText"
+                Layout.fillWidth: true
+                visible: page.profileCount === 0
+                text: "No profiles configured yet. Create profiles in the Profiles section."
+                font: Theme.body
+                color: Theme.secondaryText
+                wrapMode: Text.WordWrap
+            }
+
+            Repeater {
+                model: profileModel
+                delegate: RowLayout {
+                    id: profileRow
+
+                    required property int index
+                    required property string name
+
+                    objectName: "profileRow:" + name
+                    visible: index < page.shownProfiles
+                    Layout.fillWidth: true
+                    spacing: 10
+
+                    Rectangle {
+                        implicitWidth: 8
+                        implicitHeight: 8
+                        radius: 4
+                        color: Theme.accent
+                    }
+                    Text {
+                        Layout.fillWidth: true
+                        text: profileRow.name
+                        font: Theme.body
+                        color: Theme.primaryText
+                        elide: Text.ElideRight
+                    }
+                    Text {
+                        text: "Not configured"
+                        font: Theme.subheadline
+                        color: Theme.secondaryText
+                    }
+                }
+            }
+
+            Text {
+                objectName: "moreProfilesText"
+                visible: page.profileCount > page.shownProfiles
+                text: "+ " + (page.profileCount - page.shownProfiles) + " more"
+                font: Theme.subheadline
+                color: Theme.secondaryText
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "About"
+
+        SettingsCard {
+            ParagraphText {
+                text: "AI Context allows you to associate different AI models and API keys with each profile."
+            }
+            ParagraphText {
+                text: "When you switch profiles, your AI context switches automatically - perfect for using different API keys for work and personal projects."
+            }
+            ParagraphText {
+                text: "This feature will be available in a future update."
+                secondary: true
+            }
+        }
+    }
+
+    // Room below the last card once the page scrolls to its end.
+    Item {
+        implicitHeight: 8
+    }
 }

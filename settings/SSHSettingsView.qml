@@ -1,9 +1,74 @@
 import QtQuick
+import QtQuick.Layouts
 import Kivora
 
-// The "SSH" page of the settings window.
+// The "SSH" page of the settings window: the SSH features to come. It reads no state: the
+// detected-key count is a fixed "0" until key management lands here.
 SettingsContainer {
     title: "SSH"
     subtitle: "Manage SSH keys and connections"
     icon: "key.fill"
+
+    SettingsSection {
+        title: "SSH Key Management"
+
+        SettingsCard {
+            FeatureRow {
+                objectName: "feature:Key Scanner"
+                symbol: "key.horizontal.fill"
+                tint: Theme.purple
+                title: "Key Scanner"
+                description: "Automatically detect SSH keys in ~/.ssh"
+                comingSoon: true
+            }
+            Divider { Layout.fillWidth: true }
+            FeatureRow {
+                objectName: "feature:Key Generator"
+                symbol: "plus.circle.fill"
+                tint: Theme.green
+                title: "Key Generator"
+                description: "Generate new SSH keys directly from Kivora"
+                comingSoon: true
+            }
+            Divider { Layout.fillWidth: true }
+            FeatureRow {
+                objectName: "feature:Connection Testing"
+                symbol: "antenna.radiowaves.left.and.right"
+                tint: Theme.blue
+                title: "Connection Testing"
+                description: "Test SSH connections for each key"
+                comingSoon: true
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "Current Keys"
+
+        SettingsCard {
+            ValueRow {
+                objectName: "detectedKeysRow"
+                label: "Detected Keys"
+                value: "0"
+            }
+            ParagraphText {
+                text: "No SSH keys have been detected yet. Use the Profiles section to scan for keys."
+                secondary: true
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "About"
+
+        SettingsCard {
+            ParagraphText {
+                text: "SSH key management allows you to scan, generate, and test SSH keys associated with your profiles."
+            }
+            ParagraphText {
+                text: "This feature will be available in a future update."
+                secondary: true
+            }
+        }
+    }
 }

@@ -1,9 +1,114 @@
 import QtQuick
+import QtQuick.Layouts
 import Kivora
 
-// The "Updates" page of the settings window.
+// The "Updates" page of the settings window: the updater's own settings, read from it and
+// written to it at once, and a check on demand. The page stores nothing itself.
 SettingsContainer {
+    id: page
+
+    // The check intervals offered, in seconds.
+    readonly property var intervals: [
+        { text: "Daily", value: 86400 },
+        { text: "Weekly", value: 604800 },
+        { text: "Monthly", value: 2592000 }
+    ]
+    readonly property url sparkleUrl: "https://sparkle-project.org/"
+
+    // Bumped now and then, so the relative time of the last check stays current.
+    property int tick: 0
+
+    function openLink(address: url) {
+        Qt.openUrlExternally(address)
+    }
+
     title: "Updates"
     subtitle: "Keep Kivora up to date"
     icon: "arrow.down.circle.fill"
+
+    Timer {
+        interval: 30000
+        repeat: true
+        running: page.visible
+        onTriggered: page.tick++
+    }
+
+    SettingsSection {
+        title: "Automatic Updates"
+
+        SettingsCard {
+            ToggleRow {
+                objectName: "automaticUpdatesRow"
+                title: "Automatic Updates"
+                description: "Automatically check for updates on app launch"
+                checked: Updater.automaticallyChecksForUpdates
+                onToggled: value => Updater.automaticallyChecksForUpdates = value
+            }
+
+            Divider { Layout.fillWidth: true }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+
+                Text {
+                    Layout.fillWidth: true
+                    text: "Check Frequency"
+                    font: Theme.body
+                    color: Theme.primaryText
+                }
+                MenuPicker {
+                    objectName: "frequencyPicker"
+                    Layout.preferredWidth: 120
+                    choices: page.intervals
+                    value: Updater.updateCheckInterval
+                    onPicked: seconds => Updater.updateCheckInterval = seconds
+                }
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "Check for Updates"
+
+        SettingsCard {
+            ValueRow {
+                objectName: "currentVersionRow"
+                label: "Current Version"
+                value: "1.0.0"
+            }
+
+            PushButton {
+                objectName: "checkNowButton"
+                text: "Check Now"
+                onClicked: Updater.checkForUpdates()
+            }
+
+            ValueRow {
+                objectName: "lastCheckedRow"
+                visible: Updater.hasLastUpdateCheckDate
+                label: "Last Checked"
+                value: page.tick >= 0 && Updater.hasLastUpdateCheckDate
+                       ? RelativeTime.describe(Updater.lastUpdateCheckDate) + " ago"
+                       : ""
+            }
+        }
+    }
+
+    SettingsSection {
+        title: "About Sparkle"
+
+        SettingsCard {
+            ParagraphText {
+                text: "Kivora uses Sparkle for updates. Sparkle is an open-source update framework for macOS apps."
+                secondary: true
+            }
+            LinkRow {
+                objectName: "sparkleLink"
+                text: "Learn more about Sparkle"
+                url: page.sparkleUrl
+                onClicked: page.openLink(url)
+            }
+        }
+    }
 }

@@ -1,9 +1,198 @@
 import QtQuick
+import QtQuick.Layouts
+import QtQuick.Window
+import QtQml.Models
 import Kivora
 
-// The "Profiles" page of the settings window.
+// The "Profiles" page of the settings window: every profile of the profile manager, to
+// activate, edit and delete, and the sheets that add profiles (the editor and the key scan).
+// The sheets only return their result; this page edits the list and saves it.
 SettingsContainer {
+    id: page
+
+    // Transient view state: lost when the page is left.
+    property bool isAddingProfile: false
+    // The profile whose editor is open (a gitProfile), or null.
+    property var editingProfile: null
+    property bool showScanSheet: false
+
+    readonly property int profileCount: profileModel.count
+    readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
+
+    // The open sheets, for whoever needs to reach them (null when closed).
+    readonly property Item editorSheet: editorInstance.object
+                                        ? (editorInstance.object as SheetWindow).sheet : null
+    readonly property Item scanSheet: scanInstance.object
+                                      ? (scanInstance.object as SheetWindow).sheet : null
+
     title: "Profiles"
     subtitle: "Manage your git identities"
     icon: "person.2.fill"
+
+    function activate(profile: var) {
+        actions.activate(profile)
+    }
+
+    function deleteProfile(profile: var, deleteSSHKey: bool) {
+        actions.deleteProfile(profile, deleteSSHKey)
+    }
+
+    // What the editor returns: a new profile is appended as it is, an edited one replaces the
+    // profile with its id (nothing happens when that profile is gone).
+    function saveEditedProfile(profile: var) {
+        if (page.isAddingProfile) {
+            actions.addProfile(profile)
+        } else {
+            actions.updateProfile(profile)
+        }
+    }
+
+    function closeEditor() {
+        page.isAddingProfile = false
+        page.editingProfile = null
+    }
+
+    function addScannedKeys(entries: var) {
+        actions.addScannedKeys(entries)
+    }
+
+    ProfileListModel {
+        id: profileModel
+        manager: ProfileManager
+    }
+
+    ProfileActions {
+        id: actions
+        manager: ProfileManager
+    }
+
+    Instantiator {
+        id: editorInstance
+        active: page.isAddingProfile || page.editingProfile !== null
+        delegate: SheetWindow {
+            title: editor.title
+            owner: page.Window.window
+            onDismissRequested: page.closeEditor()
+
+            ProfileEditorSheet {
+                id: editor
+                objectName: "profileEditorSheet"
+                profile: page.isAddingProfile ? actions.profileTemplate() : page.editingProfile
+                onSaved: profile => page.saveEditedProfile(profile)
+                onDismissed: page.closeEditor()
+            }
+        }
+    }
+
+    Instantiator {
+        id: scanInstance
+        active: page.showScanSheet
+        delegate: SheetWindow {
+            title: "Scan SSH Keys"
+            owner: page.Window.window
+            onDismissRequested: page.showScanSheet = false
+
+            ScanSSHKeysSheet {
+                objectName: "scanSSHKeysSheet"
+                onScanned: entries => page.addScannedKeys(entries)
+                onDismissed: page.showScanSheet = false
+            }
+        }
+    }
+
+    ColumnLayout {
+        id: profileListSection
+        objectName: "profileListSection"
+        Layout.fillWidth: true
+        spacing: 16
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 10
+
+            ColumnLayout {
+                spacing: 2
+                Text {
+                    text: "Your Profiles"
+                    font: Theme.headline
+                    color: Theme.primaryText
+                }
+                Text {
+                    objectName: "countText"
+                    text: page.countText
+                    font: Theme.subheadline
+                    color: Theme.secondaryText
+                }
+            }
+
+            Item { Layout.fillWidth: true }
+
+            SheetButton {
+                objectName: "scanButton"
+                text: "Scan SSH Keys"
+                symbol: "magnifyingglass"
+                onClicked: page.showScanSheet = true
+            }
+            SheetButton {
+                objectName: "addButton"
+                text: "Add Profile"
+                symbol: "plus"
+                onClicked: page.isAddingProfile = true
+            }
+        }
+
+        ColumnLayout {
+            id: emptyState
+            objectName: "emptyState"
+            visible: page.profileCount === 0
+            Layout.fillWidth: true
+            Layout.topMargin: 48
+            spacing: 8
+
+            SymbolIcon {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.bottomMargin: 4
+                name: "person.2"
+                color: Theme.secondaryText
+                size: 44
+            }
+            Text {
+                Layout.fillWidth: true
+                horizontalAlignment: Text.AlignHCenter
+                text: "No profiles yet"
+                font: Theme.headline
+                color: Theme.primaryText
+            }
+            Text {
+                Layout.fillWidth: true
+                horizontalAlignment: Text.AlignHCenter
+                text: "Add your first profile to get started"
+                font: Theme.subheadline
+                color: Theme.secondaryText
+            }
+        }
+
+        Column {
+            id: profileList
+            objectName: "profileList"
+            visible: page.profileCount > 0
+            Layout.fillWidth: true
+            spacing: 8
+
+            Repeater {
+                model: profileModel
+                delegate: ProfileSettingsRow {
+                    required property int index
+                    required isActive
+
+                    objectName: "profileRow:" + index
+                    width: profileList.width
+                    profile: actions.profileAt(index)
+                    onActivateRequested: page.activate(profile)
+                    onEditRequested: page.editingProfile = profile
+                    onDeleteRequested: deleteSSHKey => page.deleteProfile(profile, deleteSSHKey)
+                }
+            }
+        }
+    }
 }

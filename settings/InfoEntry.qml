@@ -1,0 +1,33 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// A title over a secondary description, with no control.
+ColumnLayout {
+    id: entry
+
+    property string title
+    property string description
+
+    Layout.fillWidth: true
+    spacing: 2
+
+    Text {
+        objectName: "entryTitle"
+        Layout.fillWidth: true
+        text: entry.title
+        font.family: Theme.body.family
+        font.pixelSize: Theme.body.pixelSize
+        font.weight: Font.Medium
+        color: Theme.primaryText
+        wrapMode: Text.WordWrap
+    }
+    Text {
+        objectName: "entryDescription"
+        Layout.fillWidth: true
+        text: entry.description
+        font: Theme.subheadline
+        color: Theme.secondaryText
+        wrapMode: Text.WordWrap
+    }
+}

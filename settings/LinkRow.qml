@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Controls.Basic
+import Kivora
+
+// A link: an optional symbol and a title in the accent colour. `clicked` is left to the
+// owner, which opens `url` in the browser.
+AbstractButton {
+    id: link
+
+    property string symbol
+    property url url
+
+    hoverEnabled: true
+    padding: 2
+    font: Theme.body
+
+    HoverHandler { cursorShape: Qt.PointingHandCursor }
+    ToolTip.text: String(link.url)
+    ToolTip.visible: hovered
+    ToolTip.delay: 800
+
+    contentItem: RowLayout {
+        spacing: 8
+        SymbolIcon {
+            visible: link.symbol.length > 0
+            name: link.symbol
+            color: Theme.accent
+            size: 16
+        }
+        Text {
+            text: link.text
+            font.family: link.font.family
+            font.pixelSize: link.font.pixelSize
+            font.underline: link.hovered
+            color: link.pressed ? Qt.darker(Theme.accent, 1.2) : Theme.accent
+        }
+    }
+
+    background: Item {}
+}

@@ -1,0 +1,14 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// A paragraph of a page, wrapped to the card's width.
+Text {
+    property bool secondary: false
+
+    Layout.fillWidth: true
+    font: Theme.body
+    color: secondary ? Theme.secondaryText : Theme.primaryText
+    wrapMode: Text.WordWrap
+    lineHeight: 1.1
+}

@@ -1,0 +1,40 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// An AI provider: its name over the models it offers, and at the trailing edge whether it
+// is configured.
+RowLayout {
+    id: row
+
+    property string name
+    property string models
+    property bool configured: false
+
+    Layout.fillWidth: true
+    spacing: 12
+
+    ColumnLayout {
+        Layout.fillWidth: true
+        spacing: 2
+        Text {
+            Layout.fillWidth: true
+            text: row.name
+            font: Theme.body
+            color: Theme.primaryText
+        }
+        Text {
+            Layout.fillWidth: true
+            text: row.models
+            font: Theme.caption
+            color: Theme.secondaryText
+        }
+    }
+
+    Text {
+        objectName: "providerStatus"
+        text: row.configured ? "Configured" : "Not configured"
+        font: Theme.subheadline
+        color: row.configured ? Theme.green : Theme.secondaryText
+    }
+}

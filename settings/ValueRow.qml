@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// A label with its value in secondary text at the trailing edge.
+RowLayout {
+    id: row
+
+    property string label
+    property string value
+    property bool emphasized: false
+
+    Layout.fillWidth: true
+    spacing: 12
+
+    Text {
+        Layout.fillWidth: true
+        text: row.label
+        font.family: Theme.body.family
+        font.pixelSize: Theme.body.pixelSize
+        font.weight: row.emphasized ? Font.Medium : Font.Normal
+        color: Theme.primaryText
+        elide: Text.ElideRight
+    }
+    Text {
+        objectName: "value"
+        text: row.value
+        font: Theme.body
+        color: Theme.secondaryText
+    }
+}

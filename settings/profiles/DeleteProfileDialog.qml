@@ -1,0 +1,113 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import QtQuick.Layouts
+import Kivora
+
+// The confirmation before a profile is deleted, modal over the window. A profile without a key
+// offers "Delete" and "Cancel"; one with a key also offers to delete the key files.
+Popup {
+    id: dialog
+
+    property string profileName
+    property bool hasKey: false
+
+    // The user chose to delete; `deleteSSHKey` tells whether the key files go as well.
+    signal deleteChosen(bool deleteSSHKey)
+
+    readonly property string message: hasKey
+        ? "This profile has an SSH key associated with it. Would you also like to delete the SSH key file?"
+        : "Are you sure you want to delete \"" + profileName + "\"? This action cannot be undone."
+
+    function choose(deleteSSHKey: bool) {
+        dialog.close()
+        dialog.deleteChosen(deleteSSHKey)
+    }
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: 340
+    modal: true
+    dim: true
+    focus: true
+    padding: 20
+    topPadding: 22
+    closePolicy: Popup.CloseOnEscape
+
+    T.Overlay.modal: Rectangle {
+        color: Qt.rgba(0, 0, 0, Theme.dark ? 0.45 : 0.22)
+    }
+
+    background: Rectangle {
+        radius: 12
+        color: Theme.popoverBackground
+        border.width: 1
+        border.color: Theme.border
+    }
+
+    contentItem: ColumnLayout {
+        spacing: 8
+
+        SymbolIcon {
+            Layout.alignment: Qt.AlignHCenter
+            name: "trash"
+            color: Theme.red
+            size: 30
+        }
+        Text {
+            objectName: "dialogTitle"
+            Layout.fillWidth: true
+            Layout.topMargin: 4
+            text: "Delete Profile"
+            font: Theme.headline
+            color: Theme.primaryText
+            horizontalAlignment: Text.AlignHCenter
+        }
+        Text {
+            objectName: "dialogMessage"
+            Layout.fillWidth: true
+            text: dialog.message
+            font: Theme.subheadline
+            color: Theme.secondaryText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+
+        ColumnLayout {
+            objectName: "dialogButtons"
+            Layout.fillWidth: true
+            Layout.topMargin: 12
+            spacing: 8
+
+            SheetButton {
+                objectName: "deleteButton"
+                visible: !dialog.hasKey
+                Layout.fillWidth: true
+                text: "Delete"
+                destructive: true
+                onClicked: dialog.choose(false)
+            }
+            SheetButton {
+                objectName: "deleteProfileOnlyButton"
+                visible: dialog.hasKey
+                Layout.fillWidth: true
+                text: "Delete Profile Only"
+                onClicked: dialog.choose(false)
+            }
+            SheetButton {
+                objectName: "deleteProfileAndKeyButton"
+                visible: dialog.hasKey
+                Layout.fillWidth: true
+                text: "Delete Profile and SSH Key"
+                destructive: true
+                onClicked: dialog.choose(true)
+            }
+            SheetButton {
+                objectName: "cancelButton"
+                Layout.fillWidth: true
+                text: "Cancel"
+                onClicked: dialog.close()
+            }
+        }
+    }
+}

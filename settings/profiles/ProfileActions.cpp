@@ -1,0 +1,71 @@
+#include "settings/profiles/ProfileActions.h"
+
+#include "activation/ProfileEdits.h"
+
+#include <QVariantMap>
+
+ProfileActions::ProfileActions(QObject* parent) : QObject(parent) {}
+
+void ProfileActions::setManager(ProfileManager* manager)
+{
+    if (m_manager == manager) {
+        return;
+    }
+    m_manager = manager;
+    emit managerChanged();
+}
+
+const GitProfile& ProfileActions::newProfileTemplate()
+{
+    static const GitProfile profileTemplate = GitProfile::empty();
+    return profileTemplate;
+}
+
+GitProfile ProfileActions::profileAt(int index) const
+{
+    if (!m_manager || index < 0 || index >= m_manager->profiles().size()) {
+        return GitProfile();
+    }
+    return m_manager->profiles().at(index);
+}
+
+void ProfileActions::activate(const GitProfile& profile)
+{
+    if (m_manager) {
+        m_manager->applyGlobally(profile);
+    }
+}
+
+void ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
+{
+    if (m_manager) {
+        ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey);
+    }
+}
+
+void ProfileActions::addProfile(const GitProfile& profile)
+{
+    if (m_manager) {
+        ProfileEdits::appendProfile(*m_manager, profile);
+    }
+}
+
+bool ProfileActions::updateProfile(const GitProfile& profile)
+{
+    return m_manager && ProfileEdits::replaceProfile(*m_manager, profile);
+}
+
+void ProfileActions::addScannedKeys(const QVariantList& entries)
+{
+    if (!m_manager || entries.isEmpty()) {
+        return;
+    }
+    QList<ProfileEdits::ScannedKey> keys;
+    for (const QVariant& entry : entries) {
+        const QVariantMap fields = entry.toMap();
+        keys.append({fields.value(QStringLiteral("keyName")).toString(),
+                     fields.value(QStringLiteral("name")).toString(),
+                     fields.value(QStringLiteral("email")).toString()});
+    }
+    ProfileEdits::addScannedKeys(*m_manager, keys);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "activation/ProfileManager.h"
+#include "model/GitProfile.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+// What the profiles page does to the profile list: activate, delete (with or without the key
+// files), add the profile a new-profile editor returns, put an edited profile back in place,
+// and turn the entries of a key scan into profiles. Every change is saved.
+class ProfileActions : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
+
+public:
+    explicit ProfileActions(QObject* parent = nullptr);
+
+    ProfileManager* manager() const { return m_manager; }
+    void setManager(ProfileManager* manager);
+
+    // The profile a new-profile editor starts from. It is made once per run of the program,
+    // so every profile added through the editor in one run carries its id.
+    static const GitProfile& newProfileTemplate();
+    Q_INVOKABLE GitProfile profileTemplate() const { return newProfileTemplate(); }
+
+    // The profile at a position of the list; an empty one past its end.
+    Q_INVOKABLE GitProfile profileAt(int index) const;
+
+    // Makes the profile active and rewrites the global identity.
+    Q_INVOKABLE void activate(const GitProfile& profile);
+    // Removes every profile with this profile's id; with `deleteSSHKey` its key file and the
+    // ".pub" beside it go first (each on its own; a missing one does not matter). When the
+    // profile was active none is afterwards, and git is left as it is.
+    Q_INVOKABLE void deleteProfile(const GitProfile& profile, bool deleteSSHKey);
+    // Appends the profile as it is, keeping its id.
+    Q_INVOKABLE void addProfile(const GitProfile& profile);
+    // Replaces the first profile with the same id in place. False, and nothing saved, when
+    // the id is no longer in the list.
+    Q_INVOKABLE bool updateProfile(const GitProfile& profile);
+    // One new profile per entry ({keyName, name, email}), in order; an empty list does nothing.
+    Q_INVOKABLE void addScannedKeys(const QVariantList& entries);
+
+signals:
+    void managerChanged();
+
+private:
+    QPointer<ProfileManager> m_manager;
+};

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Layouts
+import Kivora
+
+// One labelled row of a form card: the label at the leading edge, the control filling the rest.
+RowLayout {
+    id: formRow
+
+    property string label
+    default property alias control: holder.data
+
+    Layout.fillWidth: true
+    spacing: 12
+
+    Text {
+        Layout.preferredWidth: 92
+        Layout.alignment: Qt.AlignVCenter
+        text: formRow.label
+        font: Theme.body
+        color: Theme.primaryText
+        elide: Text.ElideRight
+    }
+
+    RowLayout {
+        id: holder
+        Layout.fillWidth: true
+        spacing: 8
+    }
+}

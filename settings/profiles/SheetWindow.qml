@@ -1,0 +1,48 @@
+import QtQuick
+import QtQuick.Window
+import Kivora
+
+// A modal dialog window over another window, as big as the sheet it holds and centred on its
+// owner. Closing it from the window manager or with Escape asks the owner to dismiss it.
+Window {
+    id: sheetWindow
+
+    // The window this one is modal for (any QWindow).
+    property var owner
+    // The sheet shown, sized by its implicit size.
+    default property Item sheet
+
+    signal dismissRequested()
+
+    flags: Qt.Dialog
+    modality: Qt.WindowModal
+    transientParent: owner
+    color: Theme.windowBackground
+    visible: true
+
+    width: sheet ? sheet.implicitWidth : 0
+    height: sheet ? sheet.implicitHeight : 0
+    minimumWidth: width
+    maximumWidth: width
+    minimumHeight: height
+    maximumHeight: height
+    x: owner ? owner.x + Math.round((owner.width - width) / 2) : 0
+    y: owner ? Math.max(0, owner.y + Math.round((owner.height - height) / 2)) : 0
+
+    onSheetChanged: {
+        if (sheet) {
+            sheet.parent = sheetWindow.contentItem
+            sheet.anchors.fill = sheetWindow.contentItem
+        }
+    }
+
+    onClosing: close => {
+        close.accepted = false
+        sheetWindow.dismissRequested()
+    }
+
+    Shortcut {
+        sequence: StandardKey.Cancel
+        onActivated: sheetWindow.dismissRequested()
+    }
+}

@@ -1,0 +1,235 @@
+import QtQuick
+import QtTest
+import Kivora
+import KivoraTest
+
+// Key generation from the profile editor with the real ssh-keygen in the temporary home.
+Item {
+    width: 500
+    height: 680
+
+    Item {
+        id: stage
+        anchors.fill: parent
+    }
+
+    ProfileActions {
+        id: actions
+        manager: ProfileManager
+    }
+
+    TestCase {
+        id: testCase
+        name: "GenerateKeySheet"
+        when: windowShown
+
+        Component {
+            id: editorComponent
+            ProfileEditorSheet {
+                anchors.fill: parent
+            }
+        }
+
+        function init() {
+            ProfilesFixture.removeHomeFolder(".ssh")
+            ProfilesFixture.makeHomeFolder(".ssh")
+            ProfilesFixture.setClipboardText("before")
+        }
+
+        function makeEditor(gitEmail) {
+            const editor = createTemporaryObject(editorComponent, stage,
+                                                 { profile: actions.profileTemplate() })
+            editor.gitEmail = gitEmail
+            return editor
+        }
+
+        function typeInto(item, text) {
+            item.forceActiveFocus()
+            item.selectAll()
+            keyClick(Qt.Key_Delete)
+            for (const character of text) {
+                keyClick(character)
+            }
+        }
+
+        // Opens the generation form from the editor's "Generate" button.
+        function openForm(editor) {
+            mouseClick(findChild(editor, "generateButton"))
+            verify(editor.showGenerateKeySheet)
+            const form = editor.generateKeySheet
+            verify(form)
+            waitForRendering(form)
+            return form
+        }
+
+        function generate(form) {
+            mouseClick(findChild(form, "generateButton"))
+        }
+
+        function publicKeyComment(name) {
+            const parts = ProfilesFixture.homeFileText(".ssh/" + name + ".pub").trim().split(" ")
+            return parts[parts.length - 1]
+        }
+
+        function test_formLayout() {
+            const editor = makeEditor("ada@example.com")
+            const form = openForm(editor)
+            compare(form.Window.window.width, 400)
+            compare(form.Window.window.title, "Generate SSH Key")
+            compare(findChild(form, "sheetTitle").text, "Generate SSH Key")
+            compare(findChild(form, "keyFilenameField").placeholderText,
+                    "Filename (leave blank for id_ed25519)")
+            compare(findChild(form, "passphraseSwitch").text, "Protect with passphrase")
+            verify(!findChild(form, "passphraseField").visible)
+            mouseClick(findChild(form, "passphraseSwitch"))
+            verify(findChild(form, "passphraseField").visible)
+            compare(findChild(form, "passphraseField").placeholderText, "Passphrase")
+            compare(findChild(form, "passphraseField").echoMode, TextInput.Password)
+            compare(findChild(form, "cancelButton").text, "Cancel")
+            compare(findChild(form, "generateButton").text, "Generate")
+            verify(findChild(form, "generateButton").enabled)
+        }
+
+        function test_defaultKeyIsMadeCopiedAndConfirmed() {
+            const editor = makeEditor("ada@example.com")
+            generate(openForm(editor))
+            // The form closes as soon as ssh-keygen has finished.
+            verify(!editor.showGenerateKeySheet)
+            compare(editor.generateKeySheet, null)
+            verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519"))
+            verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519.pub"))
+            compare(publicKeyComment("id_ed25519"), "ada@example.com")
+            compare(editor.sshKeyPath, "~/.ssh/id_ed25519")
+            compare(findChild(editor, "sshKeyPathField").text, "~/.ssh/id_ed25519")
+            // No passphrase: the key opens with an empty one.
+            compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
+                                                  ProfilesFixture.homePath() + "/.ssh/id_ed25519"]), 0)
+
+            // The copy happens half a second later, not at once.
+            verify(!editor.showCopyKeySheet)
+            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            compare(ProfilesFixture.clipboardText(),
+                    ProfilesFixture.homeFileText(".ssh/id_ed25519.pub"))
+            verify(ProfilesFixture.clipboardText().endsWith("\n"))
+
+            const confirmation = editor.copyKeySheet
+            verify(confirmation)
+            compare(confirmation.Window.window.width, 400)
+            compare(findChild(confirmation, "sheetTitle").text, "SSH Key Generated!")
+            compare(findChild(confirmation, "copiedText").text,
+                    "Your public key has been copied to clipboard.")
+            compare(findChild(confirmation, "instructionText").text,
+                    "Paste your key in GitHub Settings → SSH and GPG keys → New SSH key")
+            const open = findChild(confirmation, "openKeySettingsButton")
+            compare(open.text, "Open GitHub SSH Keys")
+            compare(open.symbol, "arrow.up.forward.square")
+            mouseClick(open)
+            compare(ProfilesFixture.openedUrls()[ProfilesFixture.openedUrls().length - 1],
+                    "https://github.com/settings/keys")
+            mouseClick(findChild(confirmation, "doneButton"))
+            verify(!editor.showCopyKeySheet)
+            compare(editor.copyKeySheet, null)
+        }
+
+        function test_passphraseEncryptsTheKey() {
+            const editor = makeEditor("ada@example.com")
+            const form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "locked")
+            mouseClick(findChild(form, "passphraseSwitch"))
+            typeInto(findChild(form, "passphraseField"), "open sesame")
+            compare(editor.keyFilename, "locked")
+            compare(editor.usePassphrase, true)
+            compare(editor.passphrase, "open sesame")
+            generate(form)
+            compare(editor.sshKeyPath, "~/.ssh/locked")
+            const key = ProfilesFixture.homePath() + "/.ssh/locked"
+            verify(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f", key]) !== 0)
+            compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "open sesame", "-f", key]), 0)
+            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            compare(ProfilesFixture.clipboardText(), ProfilesFixture.homeFileText(".ssh/locked.pub"))
+        }
+
+        function test_emptyPassphraseIsNoPassphrase() {
+            const editor = makeEditor("ada@example.com")
+            const form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "open")
+            mouseClick(findChild(form, "passphraseSwitch"))
+            generate(form)
+            compare(editor.sshKeyPath, "~/.ssh/open")
+            compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
+                                                  ProfilesFixture.homePath() + "/.ssh/open"]), 0)
+        }
+
+        function test_emptyEmailGivesThePlaceholderComment() {
+            const editor = makeEditor("")
+            const form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "anonymous")
+            generate(form)
+            const comment = publicKeyComment("anonymous")
+            verify(comment.endsWith("@example.com"), comment)
+        }
+
+        function test_existingKeyIsLeftAlone() {
+            ProfilesFixture.writeHomeFile(".ssh/taken", "private\n")
+            ProfilesFixture.writeHomeFile(".ssh/taken.pub", "ssh-ed25519 AAAA old\n")
+            const editor = makeEditor("ada@example.com")
+            editor.sshKeyPath = "~/.ssh/other"
+            const form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "taken")
+            generate(form)
+            verify(!editor.showGenerateKeySheet)
+            compare(ProfilesFixture.homeFileText(".ssh/taken"), "private\n")
+            compare(ProfilesFixture.homeFileText(".ssh/taken.pub"), "ssh-ed25519 AAAA old\n")
+            compare(editor.sshKeyPath, "~/.ssh/other")
+            // Nothing is copied and no confirmation comes.
+            wait(900)
+            verify(!editor.showCopyKeySheet)
+            compare(ProfilesFixture.clipboardText(), "before")
+        }
+
+        function test_missingFolderIsNotCreated() {
+            ProfilesFixture.removeHomeFolder(".ssh")
+            const editor = makeEditor("ada@example.com")
+            generate(openForm(editor))
+            verify(!ProfilesFixture.homeFileExists(".ssh"))
+            compare(editor.sshKeyPath, "")
+        }
+
+        function test_formIsResetAfterAnAttempt() {
+            const editor = makeEditor("ada@example.com")
+            let form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "fresh")
+            mouseClick(findChild(form, "passphraseSwitch"))
+            typeInto(findChild(form, "passphraseField"), "pw")
+            generate(form)
+            compare(editor.keyFilename, "")
+            compare(editor.usePassphrase, false)
+            compare(editor.passphrase, "")
+
+            form = openForm(editor)
+            compare(findChild(form, "keyFilenameField").text, "")
+            verify(!findChild(form, "passphraseSwitch").checked)
+            verify(!findChild(form, "passphraseField").visible)
+            compare(findChild(form, "passphraseField").text, "")
+            mouseClick(findChild(form, "cancelButton"))
+        }
+
+        function test_cancelKeepsWhatWasTyped() {
+            const editor = makeEditor("ada@example.com")
+            let form = openForm(editor)
+            typeInto(findChild(form, "keyFilenameField"), "later")
+            mouseClick(findChild(form, "passphraseSwitch"))
+            typeInto(findChild(form, "passphraseField"), "pw")
+            mouseClick(findChild(form, "cancelButton"))
+            verify(!editor.showGenerateKeySheet)
+            verify(!ProfilesFixture.homeFileExists(".ssh/later"))
+            compare(editor.sshKeyPath, "")
+
+            form = openForm(editor)
+            compare(findChild(form, "keyFilenameField").text, "later")
+            verify(findChild(form, "passphraseSwitch").checked)
+            compare(findChild(form, "passphraseField").text, "pw")
+            mouseClick(findChild(form, "cancelButton"))
+        }
+    }
+}
