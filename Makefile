@@ -46,6 +46,11 @@ test: check-format test-core test-asan
 
 bench: build
 	$(BUILD)/bench/kivora-bench
+	@echo
+	@echo "tray application (private X display; start, popover and memory figures)"
+	@if command -v Xvfb >/dev/null && command -v trayer >/dev/null && command -v xdotool >/dev/null; then \
+		app/measure.sh $(BUILD)/app/kivora-app; \
+	else echo "  skipped: needs Xvfb, trayer and xdotool"; fi
 
 package: build
 	cd $(BUILD) && cpack -G DEB && echo "package: $$(ls -t "$$PWD"/kivora_*.deb | head -n 1)"
