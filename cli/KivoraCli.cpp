@@ -6,6 +6,7 @@
 #include "activation/SSHKeyScanner.h"
 #include "activation/TerminalLauncher.h"
 #include "ai/AIContextManager.h"
+#include "cli/GitIdentity.h"
 #include "cli/HelpText.h"
 #include "cli/ProfileJson.h"
 #include "cli/ProfileResolver.h"
@@ -342,11 +343,14 @@ int KivoraCli::current(const QStringList& args)
     if (!parse(parser, QStringLiteral("current"), args, 0)) {
         return m_status;
     }
-    ProfileManager& profiles = manager(true);
+    ProfileManager& profiles = manager(m_hosted != nullptr);
     const auto profile = profiles.activeProfile();
+    // One git start reads both values; the application's manager already knows them.
+    const GitIdentity global =
+        m_hosted ? GitIdentity{profiles.globalGitName(), profiles.globalGitEmail()}
+                 : GitIdentity::readGlobal();
     if (parser.isSet(json)) {
-        m_out << QString::fromUtf8(ProfileJson::current(profile, true, profiles.globalGitName(),
-                                                        profiles.globalGitEmail(),
+        m_out << QString::fromUtf8(ProfileJson::current(profile, true, global.name, global.email,
                                                         profiles.needsProfileSetup()));
         return Success;
     }
@@ -355,8 +359,8 @@ int KivoraCli::current(const QStringList& args)
     };
     m_out << "Profile:    " << (profile ? printable(profile->name) : QStringLiteral("none"))
           << "\n";
-    m_out << "Git name:   " << orNotSet(profiles.globalGitName()) << "\n";
-    m_out << "Git email:  " << orNotSet(profiles.globalGitEmail()) << "\n";
+    m_out << "Git name:   " << orNotSet(global.name) << "\n";
+    m_out << "Git email:  " << orNotSet(global.email) << "\n";
     if (profile) {
         m_out << "SSH key:    "
               << (profile->sshKeyPath.isEmpty() ? QStringLiteral("none")

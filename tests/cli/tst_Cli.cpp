@@ -226,6 +226,32 @@ private slots:
                  a.idText());
     }
 
+    void currentReadsGitAsGitPrintsIt()
+    {
+        writeStore({profile(QStringLiteral("A"))});
+        setGlobalIdentity(QStringLiteral(" first\nsecond \"q\" "), QStringLiteral("one@x"));
+        m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("--add"),
+                     QStringLiteral("user.email"), QStringLiteral("two@x")});
+        // What `git config --global user.name` prints, trimmed, is the truth.
+        QProcess git;
+        git.start(QStringLiteral("git"), {QStringLiteral("config"), QStringLiteral("--global"),
+                                          QStringLiteral("user.email")});
+        git.waitForFinished(-1);
+        QCOMPARE(git.readAllStandardOutput().trimmed(), QByteArray("two@x"));
+        const QJsonObject object =
+            json(kivora({QStringLiteral("current"), QStringLiteral("--json")}).out).object();
+        QCOMPARE(object.value(QStringLiteral("globalGitName")).toString(),
+                 QStringLiteral("first\nsecond \"q\""));
+        QCOMPARE(object.value(QStringLiteral("globalGitEmail")).toString(),
+                 QStringLiteral("two@x"));
+
+        m_home->git({QStringLiteral("config"), QStringLiteral("--global"),
+                     QStringLiteral("--unset-all"), QStringLiteral("user.email")});
+        const Result r = kivora({QStringLiteral("current")});
+        QVERIFY(r.out.contains(QStringLiteral("Git email:  (not set)\n")));
+        QVERIFY(r.out.contains(QStringLiteral("Git name:   first\\nsecond \"q\"\n")));
+    }
+
     void firstRunNeedingSetupReportsIt()
     {
         const Result r = kivora({QStringLiteral("current"), QStringLiteral("--json")});

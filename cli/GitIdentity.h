@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+// The global git identity, read with one git start instead of a shell and git per value.
+// The values are what `git config --global user.name` / `user.email` print, trimmed; empty
+// when unset, not UTF-8, or when git cannot be started.
+struct GitIdentity {
+    QString name;
+    QString email;
+
+    static GitIdentity readGlobal();
+};
