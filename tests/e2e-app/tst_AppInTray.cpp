@@ -1,3 +1,4 @@
+#include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
@@ -111,10 +112,8 @@ private slots:
 
 private:
     bool launch();
-    bool waitForTray();
     std::optional<QString> openPopover();
     void saveScreenshot(const QImage& image, const QString& name);
-    void stopApp();
 
     std::unique_ptr<XSession> m_x;
     std::unique_ptr<TestHome> m_home;
@@ -158,54 +157,16 @@ void AppInTray::initTestCase()
 
 void AppInTray::cleanupTestCase()
 {
-    stopApp();
+    AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
 bool AppInTray::launch()
 {
-    m_app = std::make_unique<QProcess>();
     QProcessEnvironment env = m_x->environment();
-    env.insert(QStringLiteral("KIVORA_TRACE"), QStringLiteral("1"));
-    env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"), QStringLiteral("http://127.0.0.1:9/"));
-    m_app->setProcessEnvironment(env);
-    m_app->start(m_appPath, {});
-    return m_app->waitForStarted(5000) && waitForTray();
-}
-
-bool AppInTray::waitForTray()
-{
-    QElapsedTimer waited;
-    waited.start();
-    QByteArray err;
-    while (waited.elapsed() < 15000) {
-        m_app->waitForReadyRead(200);
-        err += m_app->readAllStandardError();
-        if (err.contains("kivora-trace: tray-shown")) {
-            // Give trayer a moment to embed and draw the icon.
-            QThread::msleep(700);
-            return true;
-        }
-        if (m_app->state() == QProcess::NotRunning) {
-            qWarning().noquote() << err;
-            return false;
-        }
-    }
-    qWarning().noquote() << err;
-    return false;
-}
-
-void AppInTray::stopApp()
-{
-    if (m_app && m_app->state() != QProcess::NotRunning) {
-        m_app->terminate();
-        if (!m_app->waitForFinished(5000)) {
-            m_app->kill();
-            m_app->waitForFinished(3000);
-        }
-    }
-    m_app.reset();
+    m_app = AppProcess::launch(m_appPath, env);
+    return m_app != nullptr;
 }
 
 std::optional<QString> AppInTray::openPopover()
@@ -219,11 +180,7 @@ std::optional<QString> AppInTray::openPopover()
 
 void AppInTray::saveScreenshot(const QImage& image, const QString& name)
 {
-    const QString folder = qEnvironmentVariableIntValue("KIVORA_UPDATE_SCREENSHOTS") == 1
-                               ? QStringLiteral(KIVORA_SOURCE_SCREENSHOTS)
-                               : QStringLiteral(KIVORA_BUILD_SCREENSHOTS);
-    QDir().mkpath(folder);
-    QVERIFY(image.save(folder + QLatin1Char('/') + name));
+    QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
 void AppInTray::trayClickOpensThePopover()
@@ -321,7 +278,7 @@ void AppInTray::quitEndsTheProcess()
 
 void AppInTray::darkAppearance()
 {
-    stopApp();
+    AppProcess::stop(m_app);
     m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"),
                   "[General]\nappAppearance=Dark\nshowProfileEmail=true\nshowProfileEmailSet=true\n"
                   "showSSHKey=true\nshowSSHKeySet=true\n");
@@ -343,7 +300,7 @@ void AppInTray::darkAppearance()
     const QImage window = m_x->capture(m_x->geometry(*settings));
     saveScreenshot(window, QStringLiteral("settings-dark.png"));
     QVERIFY(qGray(window.pixel(window.width() - 10, window.height() - 10)) < 80);
-    stopApp();
+    AppProcess::stop(m_app);
 }
 
 QTEST_GUILESS_MAIN(AppInTray)

@@ -1,3 +1,4 @@
+#include "AppProcess.h"
 #include "XSession.h"
 #include "activation/InstanceChannel.h"
 #include "model/ProfileCodec.h"
@@ -93,14 +94,7 @@ private slots:
 
     void cleanupTestCase()
     {
-        if (m_app && m_app->state() != QProcess::NotRunning) {
-            m_app->terminate();
-            if (!m_app->waitForFinished(5000)) {
-                m_app->kill();
-                m_app->waitForFinished(5000);
-            }
-        }
-        m_app.reset();
+        AppProcess::stop(m_app);
         m_x.reset();
         m_home.reset();
     }

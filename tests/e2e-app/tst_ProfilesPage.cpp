@@ -1,3 +1,4 @@
+#include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
@@ -48,8 +49,6 @@ private slots:
 
 private:
     bool launch(const char* settings);
-    bool waitForTray();
-    void stopApp();
     std::optional<QString> openSettings();
     void arrangeProfiles();
     void type(const QString& text) const;
@@ -94,7 +93,7 @@ void ProfilesPage::initTestCase()
 
 void ProfilesPage::cleanupTestCase()
 {
-    stopApp();
+    AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
@@ -126,47 +125,9 @@ void ProfilesPage::arrangeProfiles()
 bool ProfilesPage::launch(const char* settings)
 {
     m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"), settings);
-    m_app = std::make_unique<QProcess>();
     QProcessEnvironment env = m_x->environment();
-    env.insert(QStringLiteral("KIVORA_TRACE"), QStringLiteral("1"));
-    env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"), QStringLiteral("http://127.0.0.1:9/"));
-    m_app->setProcessEnvironment(env);
-    m_app->start(m_appPath, {});
-    return m_app->waitForStarted(5000) && waitForTray();
-}
-
-bool ProfilesPage::waitForTray()
-{
-    QElapsedTimer waited;
-    waited.start();
-    QByteArray err;
-    while (waited.elapsed() < 15000) {
-        m_app->waitForReadyRead(200);
-        err += m_app->readAllStandardError();
-        if (err.contains("kivora-trace: tray-shown")) {
-            // Give trayer a moment to embed and draw the icon.
-            QThread::msleep(700);
-            return true;
-        }
-        if (m_app->state() == QProcess::NotRunning) {
-            qWarning().noquote() << err;
-            return false;
-        }
-    }
-    qWarning().noquote() << err;
-    return false;
-}
-
-void ProfilesPage::stopApp()
-{
-    if (m_app && m_app->state() != QProcess::NotRunning) {
-        m_app->terminate();
-        if (!m_app->waitForFinished(5000)) {
-            m_app->kill();
-            m_app->waitForFinished(3000);
-        }
-    }
-    m_app.reset();
+    m_app = AppProcess::launch(m_appPath, env);
+    return m_app != nullptr;
 }
 
 std::optional<QString> ProfilesPage::openSettings()
@@ -208,11 +169,7 @@ void ProfilesPage::clickIn(const QRect& window, QPoint point) const
 
 void ProfilesPage::saveScreenshot(const QImage& image, const QString& name)
 {
-    const QString folder = qEnvironmentVariableIntValue("KIVORA_UPDATE_SCREENSHOTS") == 1
-                               ? QStringLiteral(KIVORA_SOURCE_SCREENSHOTS)
-                               : QStringLiteral(KIVORA_BUILD_SCREENSHOTS);
-    QDir().mkpath(folder);
-    QVERIFY(image.save(folder + QLatin1Char('/') + name));
+    QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
 void ProfilesPage::saveBuildPicture(const QImage& image, const QString& name)
@@ -273,7 +230,7 @@ void ProfilesPage::addProfileThroughTheEditor()
     QCOMPARE(added.sshKeyPath, QString());
     QVERIFY(!stored->activeProfileID.has_value());
 
-    stopApp();
+    AppProcess::stop(m_app);
 }
 
 void ProfilesPage::takeScreenshots(const QString& mode)
@@ -335,7 +292,7 @@ void ProfilesPage::screenshotsInLightMode()
     arrangeProfiles();
     QVERIFY(launch(lightSettings));
     takeScreenshots(QStringLiteral("light"));
-    stopApp();
+    AppProcess::stop(m_app);
 }
 
 void ProfilesPage::screenshotsInDarkMode()
@@ -343,7 +300,7 @@ void ProfilesPage::screenshotsInDarkMode()
     arrangeProfiles();
     QVERIFY(launch(darkSettings));
     takeScreenshots(QStringLiteral("dark"));
-    stopApp();
+    AppProcess::stop(m_app);
 }
 
 QTEST_GUILESS_MAIN(ProfilesPage)

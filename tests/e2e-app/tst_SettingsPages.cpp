@@ -1,3 +1,4 @@
+#include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
 #include "support/LocalHttpServer.h"
@@ -109,7 +110,6 @@ private slots:
 
 private:
     bool launch();
-    bool waitForTray();
     std::optional<QString> openPopover();
     std::optional<QString> openSettings();
     // Selects the page and waits until the window shows it selected.
@@ -119,7 +119,6 @@ private:
     void saveScreenshot(const QImage& image, const QString& name);
     void visitEveryPage(const QString& mode);
     QVariant preference(const QString& key) const;
-    void stopApp();
 
     std::unique_ptr<XSession> m_x;
     std::unique_ptr<TestHome> m_home;
@@ -179,16 +178,14 @@ void SettingsPages::initTestCase()
 
 void SettingsPages::cleanupTestCase()
 {
-    stopApp();
+    AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
 bool SettingsPages::launch()
 {
-    m_app = std::make_unique<QProcess>();
     QProcessEnvironment env = m_x->environment();
-    env.insert(QStringLiteral("KIVORA_TRACE"), QStringLiteral("1"));
     env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"),
                m_feed->url(QStringLiteral("/appcast.xml")).toString());
     env.insert(QStringLiteral("PATH"),
@@ -200,43 +197,8 @@ bool SettingsPages::launch()
     env.remove(QStringLiteral("DESKTOP_SESSION"));
     env.remove(QStringLiteral("KDE_FULL_SESSION"));
     env.remove(QStringLiteral("GNOME_DESKTOP_SESSION_ID"));
-    m_app->setProcessEnvironment(env);
-    m_app->start(m_appPath, {});
-    return m_app->waitForStarted(5000) && waitForTray();
-}
-
-bool SettingsPages::waitForTray()
-{
-    QElapsedTimer waited;
-    waited.start();
-    QByteArray err;
-    while (waited.elapsed() < 15000) {
-        m_app->waitForReadyRead(200);
-        err += m_app->readAllStandardError();
-        if (err.contains("kivora-trace: tray-shown")) {
-            // Give trayer a moment to embed and draw the icon.
-            QThread::msleep(700);
-            return true;
-        }
-        if (m_app->state() == QProcess::NotRunning) {
-            qWarning().noquote() << err;
-            return false;
-        }
-    }
-    qWarning().noquote() << err;
-    return false;
-}
-
-void SettingsPages::stopApp()
-{
-    if (m_app && m_app->state() != QProcess::NotRunning) {
-        m_app->terminate();
-        if (!m_app->waitForFinished(5000)) {
-            m_app->kill();
-            m_app->waitForFinished(3000);
-        }
-    }
-    m_app.reset();
+    m_app = AppProcess::launch(m_appPath, env);
+    return m_app != nullptr;
 }
 
 std::optional<QString> SettingsPages::openPopover()
@@ -293,11 +255,7 @@ bool SettingsPages::selectPage(const TabRow& row)
 
 void SettingsPages::saveScreenshot(const QImage& image, const QString& name)
 {
-    const QString folder = qEnvironmentVariableIntValue("KIVORA_UPDATE_SCREENSHOTS") == 1
-                               ? QStringLiteral(KIVORA_SOURCE_SCREENSHOTS)
-                               : QStringLiteral(KIVORA_BUILD_SCREENSHOTS);
-    QDir().mkpath(folder);
-    QVERIFY(image.save(folder + QLatin1Char('/') + name));
+    QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
 QVariant SettingsPages::preference(const QString& key) const
