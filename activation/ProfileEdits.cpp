@@ -1,20 +1,18 @@
 #include "activation/ProfileEdits.h"
 
+#include "activation/KeyFileRemoval.h"
 #include "activation/ProfileManager.h"
-#include "model/HomePath.h"
-
-#include <QFile>
+#include "activation/RuleSync.h"
 
 QStringList ProfileEdits::deleteProfile(ProfileManager& manager, const GitProfile& profile,
-                                        bool deleteSSHKey)
+                                        bool deleteSSHKey, QStringList* refused)
 {
     QStringList removed;
     if (deleteSSHKey && !profile.sshKeyPath.isEmpty()) {
-        const QString key = HomePath::expandTilde(profile.sshKeyPath);
-        for (const QString& file : {key, key + QStringLiteral(".pub")}) {
-            if (QFile::remove(file)) {
-                removed << file;
-            }
+        const auto outcome = KeyFileRemoval::removeKeyPair(manager.home(), profile.sshKeyPath);
+        removed = outcome.removed;
+        if (refused) {
+            *refused = outcome.refused;
         }
     }
     QList<GitProfile> profiles = manager.profiles();
@@ -24,6 +22,8 @@ QStringList ProfileEdits::deleteProfile(ProfileManager& manager, const GitProfil
         manager.setActiveProfileID(std::nullopt);
     }
     manager.save();
+    // Its rules and generated git configuration go with it.
+    RuleSync(manager.home()).refresh(manager.profiles());
     return removed;
 }
 
@@ -35,6 +35,8 @@ bool ProfileEdits::replaceProfile(ProfileManager& manager, const GitProfile& pro
             existing = profile;
             manager.setProfiles(profiles);
             manager.save();
+            // Repositories its rules reach take the edited identity at once.
+            RuleSync(manager.home()).refresh(manager.profiles());
             return true;
         }
     }

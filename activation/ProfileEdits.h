@@ -20,9 +20,11 @@ public:
 
     // Removes every profile with the profile's id and forgets it as the active one. With
     // `deleteSSHKey` the key file and its ".pub" beside it are removed first, each attempt on
-    // its own. Returns the key files that were removed.
+    // its own and only when it is a regular file inside ~/.ssh (see KeyFileRemoval); a
+    // sentence for each file refused goes to `refused`. The profile goes either way.
+    // Returns the key files that were removed.
     static QStringList deleteProfile(ProfileManager& manager, const GitProfile& profile,
-                                     bool deleteSSHKey);
+                                     bool deleteSSHKey, QStringList* refused = nullptr);
 
     // Replaces the first profile with the same id, in place. False when there is none; then
     // nothing is saved.

@@ -1,9 +1,12 @@
 #include "activation/ProfileManager.h"
 
+#include "activation/RuleSync.h"
 #include "activation/SSHKeyScanner.h"
 #include "activation/TerminalLauncher.h"
 #include "ai/AIContextManager.h"
 #include "model/HomePath.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -18,7 +21,8 @@ ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, pare
 
 ProfileManager::ProfileManager(Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
-      m_shell(m_home, m_runner), m_store(m_home), m_aiContext(options.aiContext),
+      m_shell(m_home, m_runner), m_store(m_home), m_signingStore(m_home),
+      m_signing(m_home, options.programs), m_aiContext(options.aiContext),
       m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
     start();
@@ -31,6 +35,8 @@ AIContextManager& ProfileManager::aiContext() const
 
 void ProfileManager::start()
 {
+    m_store.removeLeftovers();
+    m_shell.tidy();
     if (auto stored = m_store.load(&m_loadError)) {
         m_profiles = std::move(stored->profiles);
         m_activeProfileID = stored->activeProfileID;
@@ -162,7 +168,18 @@ void ProfileManager::setGlobalGitEmail(const QString& email)
 
 bool ProfileManager::save()
 {
-    return m_store.save(StoredData{m_profiles, m_activeProfileID});
+    const bool saved = m_store.save(StoredData{m_profiles, m_activeProfileID});
+    syncAllowedSigners();
+    return saved;
+}
+
+void ProfileManager::syncAllowedSigners() const
+{
+    // A profile's e-mail or its presence decides its line among the allowed signers.
+    const auto signing = m_signingStore.load();
+    if (!signing.isEmpty() || QFileInfo::exists(m_signing.allowedSignersPath())) {
+        m_signing.refreshAllowedSigners(m_profiles, signing);
+    }
 }
 
 void ProfileManager::refreshGlobalConfig()
@@ -185,11 +202,19 @@ void ProfileManager::applyGlobally(const GitProfile& profile)
     if (!profile.sshKeyPath.isEmpty()) {
         const QString key = HomePath::expandTilde(profile.sshKeyPath);
         m_shell.ensureSSHWrapper();
-        // Neither part is quoted: git splits the value itself and paths are passed as they are.
+        // git runs the value through a shell: ordinary paths stand as they are, and a path
+        // with a blank or any character a shell acts on is quoted so it stays one path.
         m_runner.run({git, config, global, QStringLiteral("core.sshCommand"),
-                      m_shell.wrapperPath() + u' ' + key});
+                      ShellIntegration::sshCommand(m_shell.wrapperPath(), key)});
     }
     // Without a key the previous core.sshCommand stays in force.
+    const auto signing = m_signingStore.load();
+    const auto own = signing.constFind(profile.id);
+    m_signing.apply(own == signing.constEnd() ? std::nullopt
+                                              : std::optional<SigningSettings>(*own));
+    m_signing.writeAllowedSigners(m_profiles, signing);
+    // git appends a [user] section it had to create after the rules' include; move that back.
+    RuleSync(m_home).keepIncludeLast();
     m_shell.ensureAIEnvFile(profile);
     aiContext().applyAIContext(profile);
     setActiveProfileID(profile.id);
@@ -206,6 +231,22 @@ GitProfile ProfileManager::addProfile(const QString& name, const QString& gitNam
     setProfiles(profiles);
     save();
     return profile;
+}
+
+bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSettings>& settings,
+                                QString* error)
+{
+    if (!m_signingStore.set(id, settings, error)) {
+        return false;
+    }
+    bool ok = true;
+    if (m_activeProfileID == id) {
+        ok = m_signing.apply(settings, error);
+        RuleSync(m_home).keepIncludeLast();
+    }
+    // The profile's rule includes carry its signing too.
+    RuleSync(m_home).refresh(m_profiles);
+    return m_signing.writeAllowedSigners(m_profiles, m_signingStore.load(), error) && ok;
 }
 
 void ProfileManager::openTerminal(const GitProfile& profile)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "activation/CommandRunner.h"
+#include "activation/CommitSigning.h"
 #include "activation/ShellIntegration.h"
+#include "activation/SigningStore.h"
 #include "model/GitProfile.h"
 #include "model/ProfileStore.h"
 
@@ -75,6 +77,13 @@ public:
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
     static QString displayName(const QString& name);
 
+    // Commit signing, kept beside the profiles by id. Changing the active profile's signing
+    // takes effect at once; the allowed signers are rewritten for every change.
+    const SigningStore& signingStore() const { return m_signingStore; }
+    const CommitSigning& commitSigning() const { return m_signing; }
+    bool setSigning(const QUuid& id, const std::optional<SigningSettings>& settings,
+                    QString* error = nullptr);
+
 signals:
     void profilesChanged();
     void activeProfileIDChanged();
@@ -85,6 +94,7 @@ signals:
 private:
     void start();
     void restoreAIContext();
+    void syncAllowedSigners() const;
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
     void setGlobalGitEmail(const QString& email);
@@ -94,6 +104,8 @@ private:
     CommandRunner m_runner;
     ShellIntegration m_shell;
     ProfileStore m_store;
+    SigningStore m_signingStore;
+    CommitSigning m_signing;
     AIContextManager* m_aiContext;
     bool m_restoreAIContext;
     bool m_readGlobalIdentity;

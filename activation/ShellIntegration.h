@@ -4,6 +4,7 @@
 #include "model/GitProfile.h"
 
 #include <QDateTime>
+#include <QFileDevice>
 #include <QString>
 
 // The files an activation leaves in ~/.kivora for shells and git: the SSH wrapper that
@@ -17,8 +18,17 @@ public:
     QString wrapperPath() const { return folder() + QStringLiteral("/kivora-ssh.sh"); }
     QString aiEnvPath() const { return folder() + QStringLiteral("/ai-env.sh"); }
 
-    // Writes the wrapper and makes it executable, unless a file is already there.
+    static constexpr QFileDevice::Permissions privateExecutable =
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+
+    // Writes the wrapper (0700), unless a file is already there.
     void ensureSSHWrapper() const;
+
+    // Puts right what a killed write or a loose umask left: an existing ~/.kivora becomes
+    // 0700 again, an existing wrapper loses write access for others, and temporary files of
+    // interrupted writes of Kivora's files here and of the start-up files are removed.
+    // Creates nothing.
+    void tidy() const;
 
     // Rewrites the AI environment file for the profile, then hooks it into the shells.
     void ensureAIEnvFile(const GitProfile& profile) const;
@@ -32,6 +42,14 @@ public:
 
     // `text` made safe inside single quotes.
     static QString singleQuoted(QString text);
+
+    // The command git runs for ssh: the wrapper, one blank, the key path. Ordinary paths
+    // stand as they are; a path with a blank, a quote, `;`, `$` or any other character a
+    // shell would act on is single-quoted (git hands the value to a shell).
+    static QString sshCommand(const QString& wrapper, const QString& keyPath);
+
+    // The display name as it may stand in a comment line of the environment file.
+    static QString commentText(const QString& text);
 
 private:
     QString m_home;

@@ -1,5 +1,7 @@
 #include "activation/TerminalLauncher.h"
 
+#include "activation/ShellIntegration.h"
+#include "activation/ShellQuote.h"
 #include "model/HomePath.h"
 
 #include <QFileInfo>
@@ -8,10 +10,12 @@
 
 namespace {
 
-// x with every double quote preceded by a backslash, for a value inside double quotes.
-QString escapedQuotes(QString text)
+// x made safe inside double quotes. An ordinary value only has its double quotes escaped;
+// a $, ` or \ is escaped as well, so a name such as "$(touch x)" or one ending in a
+// backslash stays text instead of running or swallowing the closing quote.
+QString escapedQuotes(const QString& text)
 {
-    return text.replace(u'"', QStringLiteral("\\\""));
+    return ShellQuote::insideDoubleQuotes(text);
 }
 
 // The executable a program name or path stands for, or an empty text when there is none.
@@ -35,7 +39,13 @@ QString TerminalLauncher::commandLine(const GitProfile& profile, const QString& 
 {
     const QString n = escapedQuotes(profile.gitName);
     const QString m = escapedQuotes(profile.gitEmail);
-    const QString d = escapedQuotes(profile.name);
+    // The greeting's echo turns backslash sequences into characters (xpg_echo), so there a
+    // backslash of a field is doubled first and shows as itself. Fields without one read
+    // exactly as in the exports.
+    const auto shown = [](const QString& text) {
+        return escapedQuotes(QString(text).replace(u'\\', QStringLiteral("\\\\")));
+    };
+    const QString d = shown(profile.name);
     const QString key = HomePath::expandTilde(profile.sshKeyPath);
 
     QString exports = QStringLiteral("export GIT_AUTHOR_NAME=\"") + n +
@@ -44,18 +54,22 @@ QString TerminalLauncher::commandLine(const GitProfile& profile, const QString& 
                       QStringLiteral("\"; export GIT_COMMITTER_EMAIL=\"") + m +
                       QStringLiteral("\";");
     // A key whose file has gone would make every ssh call of git fail, so it is left out.
-    // The wrapper and the key path are passed as they are, like core.sshCommand.
+    // The value is the one core.sshCommand gets (git hands it to a shell, so an unusual path
+    // is quoted there), then escaped for the double quotes it stands in. Ordinary paths pass
+    // through both unchanged.
     if (!profile.sshKeyPath.isEmpty() && QFileInfo::exists(key)) {
-        exports += QStringLiteral(" export GIT_SSH_COMMAND=\"") + home +
-                   QStringLiteral("/.kivora/kivora-ssh.sh") + u' ' + key + QStringLiteral("\";");
+        const QString command =
+            ShellIntegration::sshCommand(home + QStringLiteral("/.kivora/kivora-ssh.sh"), key);
+        exports += QStringLiteral(" export GIT_SSH_COMMAND=\"") + escapedQuotes(command) +
+                   QStringLiteral("\";");
     }
 
     // "\\033" is the four characters \033: echo turns them into the escape character, which
     // makes the first line bold and green. U+2713 is a check mark.
     const QString greeting = QStringLiteral("echo \"\\033[1;32m\u2713 Git profile: ") + d +
-                             QStringLiteral("\\033[0m\"; echo \"  Name:  ") + n +
-                             QStringLiteral("\"; echo \"  Email: ") + m +
-                             QStringLiteral("\"; echo \"\"");
+                             QStringLiteral("\\033[0m\"; echo \"  Name:  ") +
+                             shown(profile.gitName) + QStringLiteral("\"; echo \"  Email: ") +
+                             shown(profile.gitEmail) + QStringLiteral("\"; echo \"\"");
 
     return exports + u' ' + greeting;
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::array<SymbolTable::Entry, 45> entries{{
+constexpr std::array<SymbolTable::Entry, 46> entries{{
     {"antenna.radiowaves.left.and.right", "network-wireless-symbolic"},
     {"arrow.counterclockwise", "edit-undo-symbolic"},
     {"arrow.down.circle.fill", ""},
@@ -22,6 +22,7 @@ constexpr std::array<SymbolTable::Entry, 45> entries{{
     {"desktopcomputer", "computer-symbolic"},
     {"envelope.fill", "mail-unread-symbolic"},
     {"exclamationmark.triangle.fill", "dialog-warning-symbolic"},
+    {"folder", "folder-symbolic"},
     {"g.circle", ""},
     {"gearshape", "emblem-system-symbolic"},
     {"globe", ""},

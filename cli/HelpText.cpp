@@ -44,7 +44,11 @@ const QList<std::pair<QString, Entry>>& entries()
                          "Local\n"
                          "  --ai-model M      model name (a new provider picks its first model)\n"
                          "  --ai-base-url U   base URL, Azure endpoint or local server address\n"
-                         "  --ai-key-stdin    read the API key from standard input\n")}},
+                         "  --ai-key-stdin    read the API key from standard input\n"
+                         "  --signing-key KEY sign with KEY: an SSH key path (~/.ssh/id_work.pub) "
+                         "or an OpenPGP key id; none removes it\n"
+                         "  --sign-commits on|off  sign commits and tags (on by default with a "
+                         "new key)\n")}},
         {QStringLiteral("remove"),
          {QStringLiteral("kivora remove PROFILE [--delete-key]"),
           QStringLiteral("Delete a profile. Git settings stay as they are."),
@@ -81,6 +85,38 @@ const QList<std::pair<QString, Entry>>& entries()
          {QStringLiteral("kivora check-updates"),
           QStringLiteral("Check the update feed now and say whether a newer version exists."),
           QString()}},
+        {QStringLiteral("rule"),
+         {QStringLiteral("kivora rule add|remove PROFILE (--dir PATH | --remote PATTERN) | rule "
+                         "list [--json] | rule export [FILE] | rule import FILE"),
+          QStringLiteral("Let repositories under a folder, or with a remote whose URL matches a "
+                         "pattern, use PROFILE whatever the active profile is; remove such a "
+                         "rule; list the rules; write them as JSON (as rule list --json) or add "
+                         "those of such a file, matched to your profiles by id, then by name. "
+                         "Where several match, the later rule wins."),
+          QStringLiteral("  --dir PATH         repositories under PATH (may start with ~)\n"
+                         "  --remote PATTERN   repositories with a remote matching PATTERN, git's\n"
+                         "                     pattern, e.g. git@github.com:acme/**\n"
+                         "  --json             (list) print a JSON array (see docs/cli.md)\n")}},
+        {QStringLiteral("which"),
+         {QStringLiteral("kivora which [DIR] [--json]"),
+          QStringLiteral("Show the identity git uses in DIR (default: the current folder) and "
+                         "why: a rule, the repository's own configuration, the environment, or "
+                         "the global setting."),
+          QStringLiteral("  --json   print a JSON object (see docs/cli.md)\n")}},
+        {QStringLiteral("clone"),
+         {QStringLiteral("kivora clone URL [DIR]"),
+          QStringLiteral("Run git clone with the identity and SSH key that the remote rules give "
+                         "URL, from the first fetch on."),
+          QString()}},
+        {QStringLiteral("guard"),
+         {QStringLiteral("kivora guard on|off|status [DIR]"),
+          QStringLiteral("Refuse commits in repositories that a rule governs when git would record "
+                         "another identity than the rule's profile (on), stop (off), or say "
+                         "whether the guard is on and whether DIR bypasses it (status)."),
+          QStringLiteral(
+              "  The guard sets the global core.hooksPath to ~/.kivora/hooks, whose hooks run\n"
+              "  each repository's own hooks first. It stays off when core.hooksPath is\n"
+              "  already yours. git commit --no-verify skips it for one commit.\n")}},
         {QStringLiteral("autostart"),
          {QStringLiteral("kivora autostart on|off|status"),
           QStringLiteral("Start the tray application at login (on), no longer (off), or say "

@@ -3,16 +3,20 @@
 #include "activation/InstanceChannel.h"
 #include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
+#include "activation/RuleSync.h"
 #include "activation/SSHKeyScanner.h"
 #include "activation/TerminalLauncher.h"
 #include "ai/AIContextManager.h"
 #include "cli/GitIdentity.h"
+#include "cli/GuardCommand.h"
 #include "cli/HelpText.h"
+#include "cli/IdentityReport.h"
 #include "cli/ProfileJson.h"
 #include "cli/ProfileResolver.h"
 #include "model/AtomicFile.h"
 #include "model/HomePath.h"
 #include "model/ProfileCodec.h"
+#include "model/RegularFileReader.h"
 #include "prefs/Autostart.h"
 #include "updates/Updater.h"
 
@@ -22,6 +26,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
 
@@ -134,6 +139,10 @@ int KivoraCli::run()
         {QLatin1String("check-updates"), &KivoraCli::checkUpdates},
         {QLatin1String("test-ai"), &KivoraCli::testAI},
         {QLatin1String("autostart"), &KivoraCli::autostart},
+        {QLatin1String("rule"), &KivoraCli::rule},
+        {QLatin1String("which"), &KivoraCli::which},
+        {QLatin1String("guard"), &KivoraCli::guard},
+        {QLatin1String("clone"), &KivoraCli::clone},
     };
     for (const auto& [name, handler] : handlers) {
         if (command == name) {
@@ -200,7 +209,8 @@ ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
         options.restoreAIContext = false;
         m_manager = std::make_unique<ProfileManager>(options);
         if (m_manager->startedFresh() && !m_manager->preservedFilePath().isEmpty()) {
-            m_err << "kivora: " << m_manager->loadError() << "; it was kept as "
+            // The reason may quote a value of the file, line ends and all: shown escaped.
+            m_err << "kivora: " << printable(m_manager->loadError()) << "; it was kept as "
                   << m_manager->preservedFilePath() << " and new profiles were set up.\n";
             m_err.flush();
         }
@@ -298,7 +308,8 @@ int KivoraCli::list(const QStringList& args)
     ProfileManager& profiles = manager();
     const auto& active = profiles.activeProfileID();
     if (parser.isSet(json)) {
-        m_out << QString::fromUtf8(ProfileJson::list(profiles.profiles(), active));
+        m_out << QString::fromUtf8(
+            ProfileJson::list(profiles.profiles(), active, profiles.signingStore().load()));
         return Success;
     }
     if (parser.isSet(names)) { // one display name a line, for shell completion
@@ -351,7 +362,8 @@ int KivoraCli::current(const QStringList& args)
                  : GitIdentity::readGlobal();
     if (parser.isSet(json)) {
         m_out << QString::fromUtf8(ProfileJson::current(profile, true, global.name, global.email,
-                                                        profiles.needsProfileSetup()));
+                                                        profiles.needsProfileSetup(),
+                                                        profiles.signingStore().load()));
         return Success;
     }
     const auto orNotSet = [](const QString& text) {
@@ -433,7 +445,12 @@ int KivoraCli::edit(const QStringList& args)
     const QCommandLineOption model(QStringLiteral("ai-model"), QString(), QStringLiteral("M"));
     const QCommandLineOption baseUrl(QStringLiteral("ai-base-url"), QString(), QStringLiteral("U"));
     const QCommandLineOption keyStdin(QStringLiteral("ai-key-stdin"));
-    parser.addOptions({name, gitName, gitEmail, sshKey, ai, provider, model, baseUrl, keyStdin});
+    const QCommandLineOption signingKey(QStringLiteral("signing-key"), QString(),
+                                        QStringLiteral("KEY|none"));
+    const QCommandLineOption signCommits(QStringLiteral("sign-commits"), QString(),
+                                         QStringLiteral("on|off"));
+    parser.addOptions({name, gitName, gitEmail, sshKey, ai, provider, model, baseUrl, keyStdin,
+                       signingKey, signCommits});
     if (!parse(parser, QStringLiteral("edit"), args, 1)) {
         return m_status;
     }
@@ -465,9 +482,57 @@ int KivoraCli::edit(const QStringList& args)
                         UsageError);
         }
     }
+    std::optional<bool> signingOn;
+    if (parser.isSet(signCommits)) {
+        const QString value = parser.value(signCommits).toLower();
+        if (value != QLatin1String("on") && value != QLatin1String("off")) {
+            return fail(QStringLiteral("--sign-commits takes on or off, not \"%1\".")
+                            .arg(parser.value(signCommits)),
+                        UsageError);
+        }
+        signingOn = value == QLatin1String("on");
+    }
+    if (parser.isSet(signingKey) && parser.value(signingKey).isEmpty()) {
+        return fail(QStringLiteral("--signing-key needs a key, or none to remove it."), UsageError);
+    }
     auto profile = resolve(parser.positionalArguments().first());
     if (!profile) {
         return m_status;
+    }
+    const bool changesSigning = parser.isSet(signingKey) || parser.isSet(signCommits);
+    const bool changesProfile = !changesSigning || parser.isSet(name) || parser.isSet(gitName) ||
+                                parser.isSet(gitEmail) || parser.isSet(sshKey) ||
+                                parser.isSet(ai) || parser.isSet(provider) || parser.isSet(model) ||
+                                parser.isSet(baseUrl) || parser.isSet(keyStdin);
+    std::optional<SigningSettings> signing;
+    if (changesSigning) {
+        signing = manager().signingStore().find(profile->id);
+        if (parser.isSet(signingKey)) {
+            const QString key = parser.value(signingKey);
+            if (key == QLatin1String("none")) {
+                signing.reset();
+            } else {
+                const bool on = signing ? signing->signCommits : true;
+                signing = SigningSettings{key, SigningSettings::formatOf(key), on};
+            }
+        }
+        if (signingOn) {
+            if (*signingOn && !signing) {
+                return fail(QStringLiteral("--sign-commits on needs a signing key: add "
+                                           "--signing-key KEY."),
+                            UsageError);
+            }
+            if (signing) {
+                signing->signCommits = *signingOn;
+            }
+        }
+        // A key git cannot read would make every commit fail, so it is refused here.
+        if (signing && signing->format == SigningSettings::Format::ssh &&
+            manager().commitSigning().publicKey(signing->key).isEmpty()) {
+            return fail(QStringLiteral("%1 is not a readable SSH public key (nor the private half "
+                                       "of one with its .pub beside it); nothing was saved.")
+                            .arg(printable(signing->key)));
+        }
     }
 
     if (parser.isSet(name)) {
@@ -510,14 +575,27 @@ int KivoraCli::edit(const QStringList& args)
     }
     profile->aiConfig = config;
 
-    if (!ProfileEdits::replaceProfile(manager(), *profile)) {
+    if (changesProfile && !ProfileEdits::replaceProfile(manager(), *profile)) {
         return fail(QStringLiteral("the profile is gone; nothing was saved."));
     }
+    if (changesSigning) {
+        QString error;
+        if (!manager().setSigning(profile->id, signing, &error)) {
+            return fail(error);
+        }
+    }
     m_out << "Saved profile " << printable(profile->name) << ".\n";
+    if (changesSigning) {
+        m_out << (signing && signing->signs()
+                      ? QStringLiteral("Commits and tags are signed with %1 (%2).\n")
+                            .arg(printable(signing->key),
+                                 SigningSettings::formatName(signing->format))
+                      : QStringLiteral("Commits are not signed.\n"));
+    }
     if (parser.isSet(keyStdin) && config.apiKey.isEmpty() && config.provider != AIProvider::Local) {
         m_out << "The API key is empty, so its AI context stays off.\n";
     }
-    if (manager().activeProfileID() == profile->id) {
+    if (changesProfile && manager().activeProfileID() == profile->id) {
         m_out << "It is the active profile: run kivora use \"" << printable(profile->name)
               << "\" to apply the changes.\n";
     }
@@ -536,16 +614,24 @@ int KivoraCli::remove(const QStringList& args)
     if (!profile) {
         return m_status;
     }
+    QStringList refused;
     const QStringList removed =
-        ProfileEdits::deleteProfile(manager(), *profile, parser.isSet(deleteKey));
+        ProfileEdits::deleteProfile(manager(), *profile, parser.isSet(deleteKey), &refused);
     m_out << "Removed profile " << printable(profile->name) << ".\n";
     for (const QString& file : removed) {
-        m_out << "Deleted " << file << "\n";
+        m_out << "Deleted " << printable(file) << "\n";
     }
-    if (parser.isSet(deleteKey) && !profile->sshKeyPath.isEmpty() && removed.size() < 2) {
+    if (parser.isSet(deleteKey) && !profile->sshKeyPath.isEmpty() &&
+        removed.size() + refused.size() < 2) {
         m_out << "Not every key file was there to delete.\n";
     }
-    return Success;
+    // Only a regular file inside ~/.ssh is ever deleted; the profile is gone either way, but
+    // a key file that was asked for and kept is a failure the user must hear about.
+    int status = Success;
+    for (const QString& sentence : refused) {
+        status = fail(printable(sentence));
+    }
+    return status;
 }
 
 int KivoraCli::exportProfiles(const QStringList& args)
@@ -575,12 +661,15 @@ int KivoraCli::importProfiles(const QStringList& args)
         return m_status;
     }
     const QString path = parser.positionalArguments().first();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return fail(QStringLiteral("cannot read %1: %2.").arg(path, file.errorString()));
+    // Only a regular file of at most 16 MiB is read: a FIFO or device would block or act.
+    RegularFileReader reader;
+    const auto bytes = reader.read(path);
+    if (!bytes) {
+        return fail(QStringLiteral("cannot read %1: %2; nothing was imported.")
+                        .arg(printable(path), reader.error()));
     }
     QString why;
-    const auto profiles = ProfileCodec::decodeProfileArray(file.readAll(), &why);
+    const auto profiles = ProfileCodec::decodeProfileArray(*bytes, &why);
     if (!profiles) {
         return fail(QStringLiteral("%1 is not a profile export (%2); nothing was imported.")
                         .arg(path, why));
@@ -707,5 +796,350 @@ int KivoraCli::testAI(const QStringList& args)
                     (verdict->second.endsWith(u'.') ? QString() : QStringLiteral(".")));
     }
     m_out << verdict->second << "\n";
+    return Success;
+}
+
+int KivoraCli::guard(const QStringList& args)
+{
+    const QString action = args.value(0);
+    if (action == QLatin1String("-h") || action == QLatin1String("--help")) {
+        m_out << HelpText::forCommand(QStringLiteral("guard"));
+        return Success;
+    }
+    QCommandLineParser parser;
+    const bool withFolder = action == QLatin1String("status");
+    if (!parse(parser, QStringLiteral("guard"), args.mid(1), 0, withFolder ? 1 : 0)) {
+        return m_status;
+    }
+    // The hooks call this very program again for `guard check`.
+    GuardCommand command(
+        m_hosted ? m_hosted->home() : HomePath::home(), CommandRunner::Programs{},
+        [this] { return manager().profiles(); }, m_out, m_err,
+        QCoreApplication::applicationFilePath());
+    if (action == QLatin1String("on")) {
+        return command.on();
+    }
+    if (action == QLatin1String("off")) {
+        return command.off();
+    }
+    if (withFolder) {
+        return command.status(parser.positionalArguments().value(0));
+    }
+    if (action == QLatin1String("check")) {
+        return command.check();
+    }
+    return fail(action.isEmpty()
+                    ? QStringLiteral("guard needs on, off or status; see kivora guard --help.")
+                    : QStringLiteral("guard takes on, off or status, not \"%1\"; see kivora "
+                                     "guard --help.")
+                          .arg(action),
+                UsageError);
+}
+
+int KivoraCli::rule(const QStringList& args)
+{
+    const QString action = args.value(0);
+    if (action == QLatin1String("-h") || action == QLatin1String("--help")) {
+        m_out << HelpText::forCommand(QStringLiteral("rule"));
+        return Success;
+    }
+    if (action == QLatin1String("list")) {
+        QCommandLineParser parser;
+        const QCommandLineOption json(QStringLiteral("json"));
+        parser.addOption(json);
+        if (!parse(parser, QStringLiteral("rule"), args.mid(1), 0)) {
+            return m_status;
+        }
+        const QList<GitProfile>& profiles = manager().profiles();
+        QString error;
+        const auto rules = RuleSync(manager().home()).rules(&error);
+        if (!rules) {
+            return fail(error + u'.');
+        }
+        if (parser.isSet(json)) {
+            m_out << QString::fromUtf8(IdentityReport::rulesJson(*rules, profiles));
+            return Success;
+        }
+        if (rules->isEmpty()) {
+            m_out << "No rules yet. Add one with: kivora rule add PROFILE --dir PATH\n";
+            return Success;
+        }
+        qsizetype width = 0;
+        QStringList names;
+        for (const IdentityRule& r : *rules) {
+            names << printable(IdentityReport::profileName(r, profiles));
+            width = std::max(width, names.last().size());
+        }
+        for (qsizetype i = 0; i < rules->size(); ++i) {
+            const IdentityRule& r = rules->at(i);
+            m_out << QStringLiteral("%1  %2  %3")
+                         .arg(names[i], -int(width))
+                         .arg(IdentityRule::kindText(r.kind), -6)
+                         .arg(printable(r.pattern))
+                  << "\n";
+        }
+        return Success;
+    }
+    if (action == QLatin1String("export") || action == QLatin1String("import")) {
+        return transferRules(action, args.mid(1));
+    }
+    if (action != QLatin1String("add") && action != QLatin1String("remove")) {
+        return fail(action.isEmpty()
+                        ? QStringLiteral("rule needs add, remove, list, export or import; see "
+                                         "kivora rule --help.")
+                        : QStringLiteral("rule takes add, remove, list, export or import, not "
+                                         "\"%1\"; see kivora rule --help.")
+                              .arg(action),
+                    UsageError);
+    }
+    const QString command = QStringLiteral("rule ") + action;
+    QCommandLineParser parser;
+    const QCommandLineOption dir(QStringLiteral("dir"), QString(), QStringLiteral("PATH"));
+    const QCommandLineOption remote(QStringLiteral("remote"), QString(), QStringLiteral("PATTERN"));
+    parser.addOptions({dir, remote});
+    if (!parse(parser, QStringLiteral("rule"), args.mid(1), 1)) {
+        return m_status;
+    }
+    if (parser.isSet(dir) == parser.isSet(remote)) {
+        return fail(QStringLiteral("%1 takes one of --dir PATH or --remote PATTERN.").arg(command),
+                    UsageError);
+    }
+    IdentityRule wanted;
+    if (parser.isSet(dir)) {
+        wanted.kind = IdentityRule::Kind::Dir;
+        wanted.pattern = RuleSync::normalizedDir(parser.value(dir), QDir::currentPath());
+        if (wanted.pattern.isEmpty()) {
+            return fail(QStringLiteral("\"%1\" cannot name a folder in a rule.")
+                            .arg(printable(parser.value(dir))),
+                        UsageError);
+        }
+    } else {
+        wanted.kind = IdentityRule::Kind::Remote;
+        wanted.pattern = parser.value(remote);
+        if (wanted.pattern.isEmpty() || wanted.pattern.contains(u'\n') ||
+            wanted.pattern.contains(u'\r')) {
+            return fail(QStringLiteral("the remote pattern must be one line of text."), UsageError);
+        }
+    }
+    const auto profile = resolve(parser.positionalArguments().first());
+    if (!profile) {
+        return m_status;
+    }
+    wanted.profile = profile->id;
+    const RuleSync sync(manager().home());
+    QString error;
+    auto rules = sync.rules(&error);
+    if (!rules) {
+        return fail(error + QStringLiteral("; nothing was changed."));
+    }
+    const bool existed = rules->removeAll(wanted) > 0;
+    const QString what =
+        wanted.kind == IdentityRule::Kind::Dir
+            ? QStringLiteral("Repositories under %1").arg(printable(wanted.pattern))
+            : QStringLiteral("Repositories with a remote matching %1")
+                  .arg(printable(wanted.pattern));
+    if (action == QLatin1String("remove")) {
+        if (!existed) {
+            return fail(QStringLiteral("%1 has no such rule; see kivora rule list.")
+                            .arg(printable(profile->name)));
+        }
+    } else {
+        // Added again, a rule moves to the end, where it wins over the others.
+        rules->append(wanted);
+    }
+    if (!sync.apply(*rules, manager().profiles(), &error)) {
+        return fail(error + u'.');
+    }
+    if (action == QLatin1String("remove")) {
+        m_out << what << " no longer use " << printable(profile->name) << ".\n";
+    } else {
+        m_out << what << " use " << printable(profile->name) << ".\n";
+    }
+    return Success;
+}
+
+int KivoraCli::which(const QStringList& args)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption json(QStringLiteral("json"));
+    parser.addOption(json);
+    if (!parse(parser, QStringLiteral("which"), args, 0, 1)) {
+        return m_status;
+    }
+    const QString dir = parser.positionalArguments().isEmpty()
+                            ? QDir::currentPath()
+                            : QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
+    ProfileManager& profiles = manager();
+    QString error;
+    const auto rules = RuleSync(profiles.home()).rules(&error);
+    if (!rules) {
+        return fail(error + u'.');
+    }
+    const auto report = IdentityReport::probe(profiles.home(), dir, profiles.profiles(),
+                                              profiles.activeProfileID(), *rules, &error);
+    if (!report) {
+        return fail(error + u'.');
+    }
+    if (parser.isSet(json)) {
+        m_out << QString::fromUtf8(report->json());
+        return Success;
+    }
+    const auto orNotSet = [](const QString& text) {
+        return text.isEmpty() ? QStringLiteral("(not set)") : printable(text);
+    };
+    m_out << "Git name:     " << orNotSet(report->gitName) << "\n";
+    m_out << "Git email:    " << orNotSet(report->gitEmail) << "\n";
+    m_out << "SSH command:  "
+          << (report->sshCommand ? printable(*report->sshCommand) : QStringLiteral("(not set)"))
+          << "\n";
+    m_out << "Profile:      "
+          << (report->profile ? printable(report->profile->name) : QStringLiteral("none")) << "\n";
+    QString why;
+    switch (report->source) {
+    case IdentityReport::Source::Rule:
+        why =
+            report->rule->kind == IdentityRule::Kind::Dir
+                ? QStringLiteral("rule: repositories under %1")
+                      .arg(printable(report->rule->pattern))
+                : QStringLiteral("rule: a remote matches %1").arg(printable(report->rule->pattern));
+        break;
+    case IdentityReport::Source::Repository:
+        why = QStringLiteral("repository: its own configuration sets the identity");
+        break;
+    case IdentityReport::Source::Environment:
+        why = QStringLiteral("environment: GIT_AUTHOR_* or GIT_COMMITTER_* is set");
+        break;
+    case IdentityReport::Source::Global:
+        why = QStringLiteral("global: no rule applies here");
+        break;
+    }
+    m_out << "Source:       " << why << "\n";
+    return Success;
+}
+
+int KivoraCli::clone(const QStringList& args)
+{
+    QCommandLineParser parser;
+    if (!parse(parser, QStringLiteral("clone"), args, 1, 1)) {
+        return m_status;
+    }
+    const QString url = parser.positionalArguments().first();
+    ProfileManager& profiles = manager();
+    const RuleSync sync(profiles.home());
+    QString error;
+    const auto rules = sync.rules(&error);
+    if (!rules) {
+        return fail(error + u'.');
+    }
+    const auto profile = sync.profileForRemote(url, *rules, profiles.profiles());
+    QStringList arguments{QStringLiteral("git")};
+    if (profile) {
+        // Set for this run only: the first fetch already uses the profile's key, and nothing
+        // is written into the new repository, whose remote the rule matches from then on.
+        arguments << QStringLiteral("-c") << QStringLiteral("user.name=") + profile->gitName
+                  << QStringLiteral("-c") << QStringLiteral("user.email=") + profile->gitEmail;
+        if (profile->hasKey()) {
+            ShellIntegration(profiles.home(), profiles.runner()).ensureSSHWrapper();
+            arguments << QStringLiteral("-c")
+                      << QStringLiteral("core.sshCommand=") + sync.sshCommand(*profile);
+        }
+        m_out << "Cloning as " << printable(profile->name) << ": "
+              << identity(profile->gitName, profile->gitEmail) << "\n";
+    } else {
+        m_out << "No remote rule matches " << printable(url)
+              << "; cloning with the global identity.\n";
+    }
+    m_out.flush();
+    arguments << QStringLiteral("clone") << QStringLiteral("--") << url;
+    if (!parser.positionalArguments().value(1).isEmpty()) {
+        arguments << parser.positionalArguments().value(1);
+    }
+    const int status = profiles.runner().execute(QStringLiteral("/usr/bin/env"), arguments);
+    if (status != 0) {
+        return fail(QStringLiteral("git clone did not succeed."));
+    }
+    return Success;
+}
+
+int KivoraCli::transferRules(const QString& action, const QStringList& args)
+{
+    QCommandLineParser parser;
+    const bool exporting = action == QLatin1String("export");
+    if (!parse(parser, QStringLiteral("rule"), args, exporting ? 0 : 1, exporting ? 1 : 0)) {
+        return m_status;
+    }
+    ProfileManager& profiles = manager();
+    const RuleSync sync(profiles.home());
+    QString error;
+    auto rules = sync.rules(&error);
+    if (!rules) {
+        return fail(error + u'.');
+    }
+    if (exporting) {
+        const QByteArray json = IdentityReport::rulesJson(*rules, profiles.profiles());
+        if (parser.positionalArguments().isEmpty()) {
+            m_out << QString::fromUtf8(json);
+            return Success;
+        }
+        const QString file = parser.positionalArguments().first();
+        if (!AtomicFile::write(file, json, AtomicFile::privateFile)) {
+            return fail(QStringLiteral("cannot write %1.").arg(file));
+        }
+        m_out << "Exported " << rules->size() << " rule" << (rules->size() == 1 ? "" : "s")
+              << " to " << file << ".\n";
+        return Success;
+    }
+    const QString path = parser.positionalArguments().first();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return fail(QStringLiteral("cannot read %1: %2.").arg(path, file.errorString()));
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    if (!document.isArray()) {
+        return fail(QStringLiteral("%1 is not a rule export; nothing was imported.").arg(path));
+    }
+    // Each rule goes to the profile with its id, or else to the one with its display name, so
+    // that rules move to another machine whose profiles have other ids.
+    IdentityRules added;
+    int skipped = 0;
+    for (const QJsonValue& value : document.array()) {
+        const QJsonObject object = value.toObject();
+        const auto kind = IdentityRule::kindFrom(object.value(QStringLiteral("kind")).toString());
+        QString pattern = object.value(QStringLiteral("pattern")).toString();
+        if (kind == IdentityRule::Kind::Dir) {
+            pattern = RuleSync::normalizedDir(pattern, QDir::currentPath());
+        }
+        const QUuid id = QUuid::fromString(object.value(QStringLiteral("profile")).toString());
+        const QString name = object.value(QStringLiteral("name")).toString();
+        std::optional<GitProfile> owner;
+        for (const GitProfile& p : profiles.profiles()) {
+            if (p.id == id) {
+                owner = p;
+                break;
+            }
+            if (!owner && !name.isEmpty() && p.name == name) {
+                owner = p;
+            }
+        }
+        if (!kind || pattern.isEmpty() || pattern.contains(u'\n') || !owner) {
+            ++skipped;
+            continue;
+        }
+        const IdentityRule rule{owner->id, *kind, pattern};
+        rules->removeAll(rule);
+        rules->append(rule);
+        added.append(rule);
+    }
+    if (!added.isEmpty() && !sync.apply(*rules, profiles.profiles(), &error)) {
+        return fail(error + u'.');
+    }
+    m_out << "Imported " << added.size() << " rule" << (added.size() == 1 ? "" : "s") << ".\n";
+    if (skipped > 0) {
+        return fail(QStringLiteral("%1 rule%2 named no profile of yours or no folder or pattern, "
+                                   "and %3 left out.")
+                        .arg(skipped)
+                        .arg(skipped == 1 ? QString() : QStringLiteral("s"))
+                        .arg(skipped == 1 ? QStringLiteral("was") : QStringLiteral("were")));
+    }
     return Success;
 }

@@ -44,6 +44,11 @@ private:
     int terminal(const QStringList& args);
     int checkUpdates(const QStringList& args);
     int autostart(const QStringList& args);
+    int rule(const QStringList& args);
+    int transferRules(const QString& action, const QStringList& args);
+    int which(const QStringList& args);
+    int guard(const QStringList& args);
+    int clone(const QStringList& args);
 
     // Parses a command's arguments; false when they are wrong (the error is printed) or when
     // help was asked for (printed, and `m_status` says which).

@@ -6,7 +6,21 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-Json profileObject(const GitProfile& profile, bool active)
+Json signingObject(const GitProfile& profile, const QHash<QUuid, SigningSettings>& signing)
+{
+    const auto it = signing.constFind(profile.id);
+    if (it == signing.constEnd()) {
+        return nullptr;
+    }
+    Json object = Json::object();
+    object["key"] = it->key.toStdString();
+    object["format"] = SigningSettings::formatName(it->format).toStdString();
+    object["signCommits"] = it->signCommits;
+    return object;
+}
+
+Json profileObject(const GitProfile& profile, bool active,
+                   const QHash<QUuid, SigningSettings>& signing)
 {
     const AIConfig& ai = profile.aiConfig;
     Json aiObject = Json::object();
@@ -23,6 +37,7 @@ Json profileObject(const GitProfile& profile, bool active)
     object["sshKeyPath"] = profile.sshKeyPath.toStdString();
     object["active"] = active;
     object["ai"] = std::move(aiObject);
+    object["signing"] = signingObject(profile, signing);
     return object;
 }
 
@@ -34,21 +49,23 @@ QByteArray text(const Json& json)
 
 } // namespace
 
-QByteArray ProfileJson::list(const QList<GitProfile>& profiles, const std::optional<QUuid>& active)
+QByteArray ProfileJson::list(const QList<GitProfile>& profiles, const std::optional<QUuid>& active,
+                             const QHash<QUuid, SigningSettings>& signing)
 {
     Json array = Json::array();
     for (const GitProfile& profile : profiles) {
-        array.push_back(profileObject(profile, active == profile.id));
+        array.push_back(profileObject(profile, active == profile.id, signing));
     }
     return text(array);
 }
 
 QByteArray ProfileJson::current(const std::optional<GitProfile>& profile, bool active,
                                 const QString& globalGitName, const QString& globalGitEmail,
-                                bool needsProfileSetup)
+                                bool needsProfileSetup,
+                                const QHash<QUuid, SigningSettings>& signing)
 {
     Json object = Json::object();
-    object["profile"] = profile ? profileObject(*profile, active) : Json(nullptr);
+    object["profile"] = profile ? profileObject(*profile, active, signing) : Json(nullptr);
     object["globalGitName"] = globalGitName.toStdString();
     object["globalGitEmail"] = globalGitEmail.toStdString();
     object["needsProfileSetup"] = needsProfileSetup;

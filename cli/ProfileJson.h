@@ -1,8 +1,10 @@
 #pragma once
 
+#include "activation/SigningSettings.h"
 #include "model/GitProfile.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -12,8 +14,10 @@
 // never part of them.
 class ProfileJson {
 public:
-    static QByteArray list(const QList<GitProfile>& profiles, const std::optional<QUuid>& active);
+    // Each profile object carries "signing": its signing settings from `signing`, or null.
+    static QByteArray list(const QList<GitProfile>& profiles, const std::optional<QUuid>& active,
+                           const QHash<QUuid, SigningSettings>& signing);
     static QByteArray current(const std::optional<GitProfile>& profile, bool active,
                               const QString& globalGitName, const QString& globalGitEmail,
-                              bool needsProfileSetup);
+                              bool needsProfileSetup, const QHash<QUuid, SigningSettings>& signing);
 };

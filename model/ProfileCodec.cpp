@@ -1,5 +1,7 @@
 #include "model/ProfileCodec.h"
 
+#include "model/JsonGuard.h"
+
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
@@ -161,6 +163,15 @@ template <typename Decode>
 auto decodeWith(const QByteArray& bytes, QString* error, Decode decode)
     -> std::optional<decltype(decode(Json()))>
 {
+    // Depth and duplicate keys are checked before any value is built: deep nesting would
+    // exhaust the stack when the values are freed, and a key given twice is ambiguous.
+    QString problem;
+    if (!JsonGuard::check(bytes, &problem)) {
+        if (error) {
+            *error = QStringLiteral("it ") + problem;
+        }
+        return std::nullopt;
+    }
     try {
         return decode(Json::parse(bytes.cbegin(), bytes.cend()));
     } catch (const DecodeError& failure) {

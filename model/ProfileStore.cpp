@@ -1,30 +1,37 @@
 #include "model/ProfileStore.h"
 
 #include "model/AtomicFile.h"
+#include "model/LeftoverTemporaryFiles.h"
+#include "model/PrivateFolder.h"
+#include "model/RegularFileReader.h"
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
 
 ProfileStore::ProfileStore(const QString& home)
 {
     const QString folder = home + QStringLiteral("/.git-switcher");
-    AtomicFile::makePrivateFolder(folder);
+    PrivateFolder::ensure(folder);
     m_path = folder + QStringLiteral("/profiles.json");
 }
 
 std::optional<StoredData> ProfileStore::load(QString* error) const
 {
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    RegularFileReader reader;
+    const auto bytes = reader.read(m_path);
+    if (!bytes) {
         if (error) {
-            *error = file.exists()
-                         ? QStringLiteral("%1 cannot be read: %2").arg(m_path, file.errorString())
-                         : QStringLiteral("%1 does not exist").arg(m_path);
+            *error = reader.failure() == RegularFileReader::Failure::Missing
+                         ? QStringLiteral("%1 does not exist").arg(m_path)
+                         : QStringLiteral("%1 cannot be read: %2").arg(m_path, reader.error());
         }
         return std::nullopt;
     }
     QString why;
-    auto data = ProfileCodec::decodeStore(file.readAll(), &why);
+    auto data = ProfileCodec::decodeStore(*bytes, &why);
     if (!data && error) {
         *error = QStringLiteral("%1 cannot be read as profiles: %2").arg(m_path, why);
     }
@@ -36,21 +43,33 @@ bool ProfileStore::save(const StoredData& data) const
     return AtomicFile::write(m_path, ProfileCodec::encodeStore(data), AtomicFile::privateFile);
 }
 
+void ProfileStore::removeLeftovers() const
+{
+    const QFileInfo file(m_path);
+    LeftoverTemporaryFiles::remove(file.path(), {file.fileName()});
+}
+
 QString ProfileStore::preserveUnreadable() const
 {
-    QFile file(m_path);
-    if (!file.exists()) {
+    const QFileInfo info(m_path);
+    if (!info.exists() && !info.isSymLink()) {
         return {};
     }
     const QString stamp =
         QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'"));
     QString copy = m_path + QStringLiteral(".unreadable-") + stamp;
-    for (int n = 2; QFile::exists(copy); ++n) {
+    for (int n = 2; QFileInfo(copy).exists() || QFileInfo(copy).isSymLink(); ++n) {
         copy = m_path + QStringLiteral(".unreadable-%1-%2").arg(stamp).arg(n);
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        // Unreadable for us too: move it aside instead of copying.
-        return QFile::rename(m_path, copy) ? copy : QString();
+    // A readable regular file within the size limit is copied, so a link into a dotfiles
+    // folder stays where it is. Anything else (no permission, too large to hold in memory,
+    // a FIFO or device that must not be opened, a folder, a dangling link) is moved aside
+    // whole instead: the user keeps it, and the new file can take its place.
+    RegularFileReader reader;
+    if (const auto bytes = reader.read(m_path)) {
+        return AtomicFile::write(copy, *bytes, AtomicFile::privateFile) ? copy : QString();
     }
-    return AtomicFile::write(copy, file.readAll(), AtomicFile::privateFile) ? copy : QString();
+    return ::rename(QFile::encodeName(m_path).constData(), QFile::encodeName(copy).constData()) == 0
+               ? copy
+               : QString();
 }

@@ -20,6 +20,9 @@ public:
 
     bool save(const StoredData& data) const;
 
+    // Removes temporary files that a killed save left beside the profile file.
+    void removeLeftovers() const;
+
     // Keeps a copy of a file that could not be read as profiles, so that replacing it loses
     // nothing. Returns the copy's path, or an empty string when there was no file to keep.
     QString preserveUnreadable() const;

@@ -2,8 +2,7 @@
 
 #include "model/AtomicFile.h"
 #include "model/ProfileCodec.h"
-
-#include <QFile>
+#include "model/RegularFileReader.h"
 
 namespace {
 
@@ -40,11 +39,13 @@ int ProfileTransfer::importFrom(const QUrl& file) const
     if (!m_manager || file.isEmpty()) {
         return 0;
     }
-    QFile input(localPath(file));
-    if (!input.open(QIODevice::ReadOnly)) {
+    // A FIFO or device chosen in the file dialog would block or act when read; a file over
+    // 16 MiB or nested too deep is refused by the reader and the decoder.
+    const auto bytes = RegularFileReader().read(localPath(file));
+    if (!bytes) {
         return 0;
     }
-    const auto profiles = ProfileCodec::decodeProfileArray(input.readAll());
+    const auto profiles = ProfileCodec::decodeProfileArray(*bytes);
     if (!profiles) {
         return 0;
     }

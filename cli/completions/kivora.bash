@@ -15,7 +15,7 @@ _kivora()
     local cur prev words cword
     _init_completion || return
 
-    local commands="list current use add edit remove export import keys terminal check-updates autostart help"
+    local commands="list current use add edit remove export import keys terminal rule which clone guard check-updates autostart help"
     if ((cword == 1)); then
         COMPREPLY=($(compgen -W "$commands --help --version" -- "$cur"))
         return
@@ -25,6 +25,13 @@ _kivora()
     case $prev in
         --ssh-key)
             _filedir
+            return
+            ;;
+        --dir)
+            _filedir -d
+            return
+            ;;
+        --remote)
             return
             ;;
         --ai)
@@ -54,7 +61,7 @@ _kivora()
             ;;
         edit)
             if [[ $cur == -* ]]; then
-                COMPREPLY=($(compgen -W "--name --git-name --git-email --ssh-key --ai --ai-provider --ai-model --ai-base-url --ai-key-stdin --help" -- "$cur"))
+                COMPREPLY=($(compgen -W "--name --git-name --git-email --ssh-key --ai --ai-provider --ai-model --ai-base-url --ai-key-stdin --signing-key --sign-commits --help" -- "$cur"))
             else
                 _kivora_profiles
             fi
@@ -74,6 +81,38 @@ _kivora()
             ;;
         autostart)
             COMPREPLY=($(compgen -W "on off status --help" -- "$cur"))
+            ;;
+        rule)
+            if ((cword == 2)); then
+                COMPREPLY=($(compgen -W "add remove list export import --help" -- "$cur"))
+            elif [[ ${words[2]} == export || ${words[2]} == import ]]; then
+                _filedir json
+            elif [[ ${words[2]} == list ]]; then
+                COMPREPLY=($(compgen -W "--json --help" -- "$cur"))
+            elif [[ $cur == -* ]]; then
+                COMPREPLY=($(compgen -W "--dir --remote --help" -- "$cur"))
+            elif ((cword == 3)); then
+                _kivora_profiles
+            fi
+            ;;
+        which)
+            if [[ $cur == -* ]]; then
+                COMPREPLY=($(compgen -W "--json --help" -- "$cur"))
+            else
+                _filedir -d
+            fi
+            ;;
+        guard)
+            if ((cword == 2)); then
+                COMPREPLY=($(compgen -W "on off status --help" -- "$cur"))
+            elif [[ ${words[2]} == status ]]; then
+                _filedir -d
+            fi
+            ;;
+        clone)
+            if ((cword == 3)); then
+                _filedir -d
+            fi
             ;;
         help)
             COMPREPLY=($(compgen -W "$commands" -- "$cur"))

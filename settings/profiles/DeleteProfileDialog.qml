@@ -11,12 +11,16 @@ Popup {
 
     property string profileName
     property bool hasKey: false
+    // The other profiles that use the same key file ("\"Work\"", "\"Work\" and \"Home\""),
+    // or empty. Deleting the key takes it from them too, so the confirmation names them.
+    property string sharedWith
 
     // The user chose to delete; `deleteSSHKey` tells whether the key files go as well.
     signal deleteChosen(bool deleteSSHKey)
 
     readonly property string message: hasKey
         ? "This profile has an SSH key associated with it. Would you also like to delete the SSH key file?"
+          + (sharedWith.length > 0 ? " The same key is also used by " + sharedWith + "." : "")
         : "Are you sure you want to delete \"" + profileName + "\"? This action cannot be undone."
 
     function choose(deleteSSHKey: bool) {

@@ -1,5 +1,6 @@
 #include "settings/profiles/ProfileActions.h"
 
+#include "activation/KeyFileRemoval.h"
 #include "activation/ProfileEdits.h"
 
 #include <QVariantMap>
@@ -36,11 +37,31 @@ void ProfileActions::activate(const GitProfile& profile)
     }
 }
 
-void ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
+QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
 {
-    if (m_manager) {
-        ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey);
+    if (!m_manager) {
+        return {};
     }
+    QStringList refused;
+    ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey, &refused);
+    return refused.join(u' ');
+}
+
+QString ProfileActions::keySharedWith(const GitProfile& profile) const
+{
+    if (!m_manager) {
+        return {};
+    }
+    QStringList names =
+        KeyFileRemoval::otherUsers(m_manager->profiles(), profile, m_manager->home());
+    for (QString& name : names) {
+        name = u'"' + name + u'"';
+    }
+    if (names.size() < 2) {
+        return names.value(0);
+    }
+    const QString last = names.takeLast();
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
 
 void ProfileActions::addProfile(const GitProfile& profile)

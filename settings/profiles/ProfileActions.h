@@ -33,9 +33,14 @@ public:
     // Makes the profile active and rewrites the global identity.
     Q_INVOKABLE void activate(const GitProfile& profile);
     // Removes every profile with this profile's id; with `deleteSSHKey` its key file and the
-    // ".pub" beside it go first (each on its own; a missing one does not matter). When the
-    // profile was active none is afterwards, and git is left as it is.
-    Q_INVOKABLE void deleteProfile(const GitProfile& profile, bool deleteSSHKey);
+    // ".pub" beside it go first (each on its own; a missing one does not matter, and only a
+    // regular file inside ~/.ssh is ever removed). When the profile was active none is
+    // afterwards, and git is left as it is. Returns why a key file was kept (one sentence a
+    // file), or an empty text.
+    Q_INVOKABLE QString deleteProfile(const GitProfile& profile, bool deleteSSHKey);
+    // The names of the other profiles that use the same key file, joined for a sentence
+    // ("Work", "Work and Home", "Work, Home and Lab"); empty when none does.
+    Q_INVOKABLE QString keySharedWith(const GitProfile& profile) const;
     // Appends the profile as it is, keeping its id.
     Q_INVOKABLE void addProfile(const GitProfile& profile);
     // Replaces the first profile with the same id in place. False, and nothing saved, when

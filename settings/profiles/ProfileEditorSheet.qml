@@ -51,6 +51,8 @@ Rectangle {
                                          ? (copyInstance.object as SheetWindow).sheet : null
 
     property bool loaded: false
+    // Set once Save has handed the profile on.
+    property bool profileSaved: false
     // The file name of the key whose public half is copied shortly after its generation.
     property string pendingPublicKey: ""
 
@@ -77,7 +79,22 @@ Rectangle {
         if (!editor.isValid) {
             return
         }
-        editor.saved(editor.composedProfile())
+        // Signing that cannot be stored keeps the sheet open with the reason under its fields,
+        // before anything is saved.
+        if (!editor.profileSaved && !signingSection.commit()) {
+            editor.reveal(signingSection)
+            return
+        }
+        // The profile goes first, so that its rules find it in the list. When the rules
+        // cannot be written the sheet stays open with the reason, and Save tries them again.
+        if (!editor.profileSaved) {
+            editor.saved(editor.composedProfile())
+            editor.profileSaved = true
+        }
+        if (!rulesSection.commit()) {
+            editor.reveal(rulesSection)
+            return
+        }
         editor.dismissed()
     }
 
@@ -446,6 +463,20 @@ Rectangle {
                             }
                         }
                     }
+                }
+
+                SigningSection {
+                    id: signingSection
+                    objectName: "signingSection"
+                    Layout.fillWidth: true
+                    profileId: editor.profile ? editor.profile.id : ""
+                    sshKeyPath: editor.sshKeyPath
+                }
+
+                ProfileRulesSection {
+                    id: rulesSection
+                    objectName: "rulesSection"
+                    profileId: editor.profile ? editor.profile.id : ""
                 }
 
                 Item { implicitHeight: 4 }

@@ -17,6 +17,8 @@ Item {
     readonly property string profileName: profile ? profile.name : ""
     readonly property string identity: profile ? profile.gitName + " · " + profile.gitEmail : ""
     readonly property bool hasKey: profile ? profile.sshKeyPath.length > 0 : false
+    // The other profiles using the same key file, joined for a sentence; empty when none.
+    property string keySharedWith
 
     signal activateRequested()
     signal editRequested()
@@ -32,6 +34,13 @@ Item {
         } else {
             confirmation.close()
         }
+    }
+
+    // The profile's rules, shown under its identity line.
+    ProfileRuleList {
+        id: rowRules
+        manager: ProfileManager
+        profileId: row.profile ? row.profile.id : ""
     }
 
     Rectangle {
@@ -98,6 +107,15 @@ Item {
                         color: Theme.secondaryText
                         elide: Text.ElideRight
                     }
+                    Text {
+                        objectName: "rulesText"
+                        visible: rowRules.summary.length > 0
+                        Layout.fillWidth: true
+                        text: rowRules.summary
+                        font: Theme.caption
+                        color: Theme.tertiaryText
+                        elide: Text.ElideRight
+                    }
                 }
             }
             background: Item {}
@@ -134,6 +152,7 @@ Item {
         objectName: "deleteConfirmation"
         profileName: row.profileName
         hasKey: row.hasKey
+        sharedWith: row.keySharedWith
         onClosed: row.showDeleteConfirmation = false
         onDeleteChosen: deleteSSHKey => row.deleteRequested(deleteSSHKey)
     }

@@ -15,6 +15,8 @@ SettingsContainer {
     // The profile whose editor is open (a gitProfile), or null.
     property var editingProfile: null
     property bool showScanSheet: false
+    // Why key files were kept at the last deletion (empty when nothing was refused).
+    property string keyDeletionMessage
 
     readonly property int profileCount: profileModel.count
     readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
@@ -34,7 +36,7 @@ SettingsContainer {
     }
 
     function deleteProfile(profile: var, deleteSSHKey: bool) {
-        actions.deleteProfile(profile, deleteSSHKey)
+        page.keyDeletionMessage = actions.deleteProfile(profile, deleteSSHKey)
     }
 
     // What the editor returns: a new profile is appended as it is, an edited one replaces the
@@ -141,6 +143,16 @@ SettingsContainer {
             }
         }
 
+        Text {
+            objectName: "keyDeletionMessage"
+            Layout.fillWidth: true
+            visible: page.keyDeletionMessage.length > 0
+            text: page.keyDeletionMessage
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.WordWrap
+        }
+
         ColumnLayout {
             id: emptyState
             objectName: "emptyState"
@@ -188,6 +200,11 @@ SettingsContainer {
                     objectName: "profileRow:" + index
                     width: profileList.width
                     profile: actions.profileAt(index)
+                    // Read again whenever the list changes: another profile may take the key.
+                    keySharedWith: {
+                        ProfileManager.profiles
+                        return actions.keySharedWith(profile)
+                    }
                     onActivateRequested: page.activate(profile)
                     onEditRequested: page.editingProfile = profile
                     onDeleteRequested: deleteSSHKey => page.deleteProfile(profile, deleteSSHKey)

@@ -1,7 +1,7 @@
+#include "support/CliProcess.h"
 #include "support/TestHome.h"
 
 #include <QFileInfo>
-#include <QProcess>
 #include <QtTest>
 
 #include <memory>
@@ -10,27 +10,9 @@
 class tst_CliAutostart : public QObject {
     Q_OBJECT
 
-    struct Result {
-        int status = -1;
-        QString out;
-        QString err;
-    };
+    using Result = CliProcess::Result;
 
-    static Result kivora(const QStringList& arguments)
-    {
-        QProcess process;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.remove(QStringLiteral("DISPLAY"));
-        env.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        env.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        process.setProcessEnvironment(env);
-        process.start(qEnvironmentVariable("KIVORA_CLI"), arguments);
-        process.closeWriteChannel();
-        process.waitForFinished(-1);
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    static Result kivora(const QStringList& arguments) { return CliProcess::run(arguments); }
 
     static Result autostart(const QString& choice)
     {

@@ -357,7 +357,8 @@ private slots:
         manager->applyGlobally(profile(QStringLiteral("K"), QStringLiteral("k"),
                                        QStringLiteral("k@x"), QStringLiteral("/keys/with space")));
         const QString withKey = m_home->gitConfig(QStringLiteral("core.sshCommand"));
-        QCOMPARE(withKey, wrapper() + QStringLiteral(" /keys/with space"));
+        // git hands the value to a shell: the blank would split the path, so it is quoted.
+        QCOMPARE(withKey, wrapper() + QStringLiteral(" '/keys/with space'"));
         manager->applyGlobally(
             profile(QStringLiteral("N"), QStringLiteral("n"), QStringLiteral("n@x")));
         QCOMPARE(m_home->gitConfig(QStringLiteral("core.sshCommand")), withKey);

@@ -16,6 +16,8 @@
 #include <QQmlEngine>
 #include <QTcpServer>
 
+#include <sys/stat.h>
+
 namespace {
 
 void registerProfilesFixture()
@@ -92,6 +94,13 @@ bool ProfilesFixture::makeHomeFolder(const QString& relative) const
     const QString path = homeFile(relative);
     return QDir().mkpath(path) &&
            QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+bool ProfilesFixture::makeHomeFifo(const QString& relative) const
+{
+    const QString path = homeFile(relative);
+    QDir().mkpath(QFileInfo(path).path());
+    return ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
 }
 
 void ProfilesFixture::arrangeProfiles(const QVariantList& entries, int activeIndex)

@@ -28,6 +28,8 @@ public:
     Q_INVOKABLE bool homeFileExists(const QString& relative) const;
     Q_INVOKABLE bool removeHomeFolder(const QString& relative) const;
     Q_INVOKABLE bool makeHomeFolder(const QString& relative) const;
+    // A named pipe (FIFO) that nobody writes to: reading it would wait for ever.
+    Q_INVOKABLE bool makeHomeFifo(const QString& relative) const;
     Q_INVOKABLE QString homePath() const;
 
     // Replaces the profiles. Each entry: {name, gitName, gitEmail, sshKeyPath, customHeaders

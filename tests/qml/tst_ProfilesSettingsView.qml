@@ -268,6 +268,41 @@ Item {
             verify(findChild(page, "emptyState").visible)
         }
 
+        function test_keyUsedByAnotherProfileIsNamed() {
+            ProfilesFixture.writeHomeFile(".ssh/id_work", "private\n")
+            ProfilesFixture.arrangeProfiles([
+                { name: "Work", gitName: "A", gitEmail: "a@example.com", sshKeyPath: "~/.ssh/id_work" },
+                { name: "Client", gitName: "A", gitEmail: "a@example.com", sshKeyPath: "~/.ssh/id_work" },
+                { name: "Home", gitName: "A", gitEmail: "a@example.com", sshKeyPath: "~/.ssh/id_home" }], -1)
+            const page = makePage()
+            const dialog = askToDelete(page, 0)
+            compare(findChild(dialog.contentItem, "dialogMessage").text,
+                    "This profile has an SSH key associated with it. Would you also like to delete the SSH key file?"
+                    + " The same key is also used by \"Client\".")
+            mouseClick(dialogButton(dialog, "deleteProfileOnlyButton"))
+            tryCompare(page, "profileCount", 2)
+            // A key no other profile uses: the fixed text alone.
+            compare(findChild(askToDelete(page, 1).contentItem, "dialogMessage").text,
+                    "This profile has an SSH key associated with it. Would you also like to delete the SSH key file?")
+        }
+
+        function test_keyOutsideSshIsKeptAndTheUserIsTold() {
+            ProfilesFixture.writeHomeFile("notes.txt", "mine\n")
+            ProfilesFixture.arrangeProfiles([
+                { name: "Evil", gitName: "E", gitEmail: "e@example.com", sshKeyPath: "~/.ssh/../notes.txt" },
+                { name: "Home", gitName: "H", gitEmail: "h@example.com", sshKeyPath: "" }], -1)
+            const page = makePage()
+            verify(!findChild(page, "keyDeletionMessage").visible)
+            mouseClick(dialogButton(askToDelete(page, 0), "deleteProfileAndKeyButton"))
+            tryCompare(page, "profileCount", 1)
+            compare(ProfilesFixture.savedProfileNames(), ["Home"])
+            compare(ProfilesFixture.homeFileText("notes.txt"), "mine\n")
+            const message = findChild(page, "keyDeletionMessage")
+            verify(message.visible)
+            verify(message.text.indexOf("notes.txt is not inside ~/.ssh, so it was not deleted.") >= 0,
+                   message.text)
+        }
+
         function test_deletingTheActiveProfileForgetsOnlyWhichWasActive() {
             Fixture.arrange(2, false, false)
             const page = makePage()

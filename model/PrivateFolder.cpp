@@ -1,0 +1,23 @@
+#include "model/PrivateFolder.h"
+
+#include "model/AtomicFile.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+bool PrivateFolder::ensure(const QString& path)
+{
+    AtomicFile::makePrivateFolder(path);
+    const QByteArray name = QFile::encodeName(path);
+    struct stat info {};
+    if (::stat(name.constData(), &info) != 0 || !S_ISDIR(info.st_mode)) {
+        return false;
+    }
+    if ((info.st_mode & 07777) == S_IRWXU) {
+        return true;
+    }
+    // Only the owner may change the mode; a folder of someone else is left as it is.
+    return info.st_uid == ::geteuid() && ::chmod(name.constData(), S_IRWXU) == 0;
+}
