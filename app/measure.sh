@@ -9,13 +9,18 @@ set -euo pipefail
 app=${1:-$(dirname "$0")/../build/app/kivora-app}
 app=$(realpath "$app")
 work=$(mktemp -d)
-display=:$((90 + RANDOM % 60))
 pids=()
 cleanup() {
     for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
     rm -rf "$work"
 }
 trap cleanup EXIT
+
+# Xvfb picks a free display itself and writes its number, then a line end, to descriptor 3.
+Xvfb -displayfd 3 -screen 0 1400x900x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+pids+=($!)
+until [[ $(<"$work/display") == *[0-9] ]] 2>/dev/null; do sleep 0.05; done
+display=:$(<"$work/display")
 
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config DISPLAY=$display KIVORA_TRACE=1
 mkdir -p "$HOME/.ssh" "$XDG_CONFIG_HOME"
@@ -25,7 +30,6 @@ for key in id_ed25519_work id_ed25519_personal; do
     ssh-keygen -q -t ed25519 -N "" -f "$HOME/.ssh/$key" -C "$key"
 done
 
-Xvfb "$display" -screen 0 1400x900x24 -nolisten tcp >/dev/null 2>&1 & pids+=($!)
 until xdotool getdisplaygeometry >/dev/null 2>&1; do sleep 0.1; done
 trayer --edge top --align right --widthtype pixel --width 120 --heighttype pixel --height 28 \
     --SetDockType true >/dev/null 2>&1 & pids+=($!)

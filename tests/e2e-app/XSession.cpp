@@ -40,27 +40,33 @@ void XSession::stop(std::unique_ptr<QProcess>& process)
 
 bool XSession::start(QString* problem)
 {
-    // A display number nobody uses.
-    for (int number = 87; number < 160; ++number) {
-        if (!QFile::exists(QStringLiteral("/tmp/.X%1-lock").arg(number)) &&
-            !QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(number))) {
-            m_display = QStringLiteral(":%1").arg(number);
-            break;
-        }
-    }
-    if (m_display.isEmpty()) {
-        *problem = QStringLiteral("no free X display number");
-        return false;
-    }
+    // Xvfb picks a display number nobody uses and writes it to its standard output
+    // (-displayfd 1); a number chosen here could collide with a server started in parallel.
     m_xvfb = std::make_unique<QProcess>();
     m_xvfb->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_xvfb->start(QStringLiteral("Xvfb"), {m_display, QStringLiteral("-screen"),
-                                           QStringLiteral("0"), QStringLiteral("1400x900x24"),
-                                           QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    m_xvfb->start(QStringLiteral("Xvfb"),
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                   QStringLiteral("0"), QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
+                   QStringLiteral("tcp")});
     if (!m_xvfb->waitForStarted(5000)) {
         *problem = QStringLiteral("Xvfb did not start");
         return false;
     }
+    QByteArray announced;
+    QElapsedTimer announcing;
+    announcing.start();
+    while (!announced.contains('\n') && announcing.elapsed() < 15000 &&
+           m_xvfb->state() == QProcess::Running) {
+        m_xvfb->waitForReadyRead(500);
+        announced += m_xvfb->readAllStandardOutput();
+    }
+    bool numeric = false;
+    const int number = announced.trimmed().toInt(&numeric);
+    if (!numeric) {
+        *problem = QStringLiteral("Xvfb did not report its display");
+        return false;
+    }
+    m_display = QStringLiteral(":%1").arg(number);
     // The server is up once a client can ask it something.
     QElapsedTimer waited;
     waited.start();
