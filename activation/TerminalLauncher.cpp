@@ -1,11 +1,11 @@
 #include "activation/TerminalLauncher.h"
 
+#include "activation/DetachedStart.h"
 #include "activation/ShellIntegration.h"
 #include "activation/ShellQuote.h"
 #include "model/HomePath.h"
 
 #include <QFileInfo>
-#include <QProcess>
 #include <QStandardPaths>
 
 namespace {
@@ -27,6 +27,9 @@ QString resolveProgram(const QString& program)
     }
     return QStandardPaths::findExecutable(program);
 }
+
+// How long a started emulator is watched for an immediate failure.
+constexpr std::chrono::milliseconds startWatch{1500};
 
 } // namespace
 
@@ -132,6 +135,10 @@ std::optional<TerminalLauncher::Launch> TerminalLauncher::open(const GitProfile&
     }
     names += candidates();
 
+    // Without a Wayland display an emulator that only speaks Wayland cannot open a window
+    // (on an X11 session it would exit at once); it is not even tried.
+    const bool waylandSession = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+
     QStringList tried;
     for (const QString& name : names) {
         const QString program = resolveProgram(name);
@@ -140,20 +147,24 @@ std::optional<TerminalLauncher::Launch> TerminalLauncher::open(const GitProfile&
         }
         tried.append(program);
 
-        const QStringList arguments = emulatorArguments(program, command);
-        QProcess process;
-        process.setProgram(program);
-        process.setArguments(arguments);
-        if (QFileInfo(m_home).isDir()) {
-            process.setWorkingDirectory(m_home);
+        if (needsWayland(program) && !waylandSession) {
+            continue;
         }
-        // The emulator's own chatter is nobody's business; the window is what counts.
-        process.setStandardInputFile(QProcess::nullDevice());
-        process.setStandardOutputFile(QProcess::nullDevice());
-        process.setStandardErrorFile(QProcess::nullDevice());
-        if (process.startDetached()) {
+
+        // The emulator's own chatter is nobody's business; the window is what counts. One
+        // that cannot open a window says so by exiting at once, and the next one is tried.
+        const QStringList arguments = emulatorArguments(program, command);
+        const DetachedStart::Result started = DetachedStart::run(
+            program, arguments, QFileInfo(m_home).isDir() ? m_home : QString(), startWatch);
+        if (started.started()) {
             return Launch{program, arguments};
         }
     }
     return std::nullopt;
+}
+
+bool TerminalLauncher::needsWayland(const QString& emulator)
+{
+    const QString name = QFileInfo(emulator).fileName();
+    return name == QLatin1String("foot") || name == QLatin1String("footclient");
 }

@@ -13,7 +13,9 @@
 // The window runs `/bin/bash -O xpg_echo -c "L; exec ${SHELL:-/bin/bash} -i"`: L exports the
 // identity and prints a greeting, then the user's own shell takes over the window and inherits
 // the exports. The emulator is the first that starts of $TERMINAL, x-terminal-emulator and a
-// fixed list of well-known emulators (see candidates()). Nothing is shown when none starts.
+// fixed list of well-known emulators (see candidates()). "Starts" means it is executed and
+// does not fail at once (see DetachedStart); emulators that need Wayland are passed over
+// without a Wayland display. Nothing is shown when none starts.
 class TerminalLauncher {
 public:
     // What was started: the emulator's full path and its arguments.
@@ -44,6 +46,9 @@ public:
     // The emulator's arguments that make it run `command`. `emulator` is a program name or
     // path; its file name picks the convention, and unknown names get "-e".
     static QStringList emulatorArguments(const QString& emulator, const QStringList& command);
+
+    // True for emulators that only run on a Wayland display (foot).
+    static bool needsWayland(const QString& emulator);
 
     QString home() const { return m_home; }
 

@@ -3,17 +3,22 @@
 #include "activation/InstanceChannel.h"
 #include "activation/ProfileManager.h"
 #include "app/AppServices.h"
+#include "app/ApplicationPalette.h"
 #include "app/PopoverController.h"
 #include "app/QmlHost.h"
 #include "app/StartupTrace.h"
+#include "app/SystemColorScheme.h"
 #include "app/TrayIcon.h"
 #include "app/UpdaterForeign.h"
 #include "app/UpdaterPresenter.h"
 #include "app/WindowRegistry.h"
+#include "app/WindowShortcuts.h"
 #include "cli/KivoraCli.h"
+#include "prefs/SettingsManager.h"
 #include "updates/Updater.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QQuickWindow>
@@ -24,8 +29,12 @@ int KivoraApp::main(int argc, char** argv)
     prepareEnvironment();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kivora"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Kivora"));
+    // No display name: Qt would append " — Kivora" to every window title. The name the
+    // status area shows falls back to the application name, "Kivora".
     QApplication::setApplicationVersion(QStringLiteral(KIVORA_VERSION));
+    // The icon of every window (_NET_WM_ICON on X11); on Wayland the compositor finds it
+    // through the desktop entry, whose name is the window's app id.
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Kivora/assets/kivora-logo.svg")));
     QApplication::setDesktopFileName(QStringLiteral("io.github.kivora.Kivora"));
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -73,6 +82,7 @@ KivoraApp::~KivoraApp()
     m_popover.reset();
     m_updaterPresenter.reset();
     m_host.reset();
+    m_shortcuts.reset();
     m_windows.reset();
 }
 
@@ -85,9 +95,14 @@ void KivoraApp::start(InstanceChannel& channel)
     m_manager = std::make_unique<ProfileManager>();
     AppServices::setProfileManager(m_manager.get());
 
+    // The palette is in place before the tray menu or any window exists.
+    m_palette = std::make_unique<ApplicationPalette>(SettingsManager::shared(),
+                                                     SystemColorScheme::shared());
+
     m_host = std::make_unique<QmlHost>();
     m_windows = std::make_unique<WindowRegistry>(nullptr);
     AppServices::setWindows(m_windows.get());
+    m_shortcuts = std::make_unique<WindowShortcuts>(*m_windows);
     m_popover = std::make_unique<PopoverController>(*m_host);
     m_updaterPresenter = std::make_unique<UpdaterPresenter>(*m_updater, *m_windows);
     registerWindows();
@@ -97,6 +112,8 @@ void KivoraApp::start(InstanceChannel& channel)
     connect(m_tray.get(), &TrayIcon::toggleRequested, m_popover.get(), &PopoverController::toggle);
     connect(m_tray.get(), &TrayIcon::openRequested, m_popover.get(), &PopoverController::show);
     connect(m_tray.get(), &TrayIcon::settingsRequested, this,
+            [this] { openWindow(QStringLiteral("settings")); });
+    connect(m_tray.get(), &TrayIcon::preferencesRequested, this,
             [this] { openWindow(QStringLiteral("preferences")); });
     connect(m_tray.get(), &TrayIcon::checkForUpdatesRequested, m_updaterPresenter.get(),
             &UpdaterPresenter::checkForUpdates);

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class ApplicationPalette;
 class InstanceChannel;
 class PopoverController;
 class ProfileManager;
@@ -12,6 +13,7 @@ class TrayIcon;
 class Updater;
 class UpdaterPresenter;
 class WindowRegistry;
+class WindowShortcuts;
 
 // The application: the one ProfileManager, the update controller (started at launch), the
 // tray item with its popover, and the windows opened by id ("settings", "preferences",
@@ -41,10 +43,12 @@ private:
     void registerWindows();
     void registerCommands(InstanceChannel& channel);
 
+    std::unique_ptr<ApplicationPalette> m_palette;
     std::unique_ptr<ProfileManager> m_manager;
     std::unique_ptr<Updater> m_updater;
     std::unique_ptr<QmlHost> m_host;
     std::unique_ptr<WindowRegistry> m_windows;
+    std::unique_ptr<WindowShortcuts> m_shortcuts;
     std::unique_ptr<PopoverController> m_popover;
     std::unique_ptr<UpdaterPresenter> m_updaterPresenter;
     std::unique_ptr<TrayIcon> m_tray;

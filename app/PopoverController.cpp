@@ -67,7 +67,10 @@ void PopoverController::toggle(const QRect& anchor)
 void PopoverController::show(const QRect& anchor)
 {
     m_openedAt.start();
-    m_anchor = anchor;
+    // The anchor is decided once, when the popover opens, and kept until it closes: most
+    // status areas (every StatusNotifierItem host) report no geometry for the icon, and a
+    // pointer read again later would move the popover whenever its height changes.
+    m_anchor = anchor.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : anchor;
     if (!ensureWindow()) {
         return;
     }
@@ -140,7 +143,7 @@ void PopoverController::traceFirstFrame()
 
 void PopoverController::place()
 {
-    const QRect anchor = m_anchor.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : m_anchor;
+    const QRect anchor = m_anchor;
     QScreen* screen = QGuiApplication::screenAt(anchor.center());
     if (!screen) {
         screen = QGuiApplication::primaryScreen();

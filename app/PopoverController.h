@@ -47,6 +47,8 @@ private:
 
     QmlHost& m_host;
     QPointer<QQuickWindow> m_window;
+    // What the popover sits by while it is open: the icon, or the pointer where it was when
+    // the popover opened.
     QRect m_anchor;
     bool m_asWindow = false;
     bool m_wasActive = false;

@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 
 namespace {
@@ -14,6 +15,10 @@ const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Setting
 const QString appearanceNamespace = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
 
+// Starting the portal can take several seconds on a busy machine (it starts its backends
+// first); the call is asynchronous, so a long wait costs nothing.
+constexpr int readTimeoutMs = 30000;
+
 } // namespace
 
 SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent)
@@ -22,9 +27,16 @@ SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent)
     if (!bus.isConnected()) {
         return;
     }
-    bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-    readInitialValue();
+    // An empty service matches the signal from any sender: subscribing to the well-known
+    // name while nobody owns it yet (the portal is started by our own Read below) would
+    // miss every later change.
+    bus.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+                SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+    m_watcher = new QDBusServiceWatcher(portalService, bus,
+                                        QDBusServiceWatcher::WatchForRegistration, this);
+    connect(m_watcher, &QDBusServiceWatcher::serviceRegistered, this,
+            &SystemColorScheme::readValue);
+    readValue();
 }
 
 SystemColorScheme& SystemColorScheme::shared()
@@ -51,14 +63,14 @@ bool SystemColorScheme::isDarkValue(const QVariant& value)
     return ok && scheme == 1;
 }
 
-void SystemColorScheme::readInitialValue()
+void SystemColorScheme::readValue()
 {
     // Asynchronous, so that a slow or missing portal never delays the start.
     QDBusMessage call = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
                                                        QStringLiteral("Read"));
     call << appearanceNamespace << colorSchemeKey;
-    auto* watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, 2000), this);
+    auto* watcher = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(call, readTimeoutMs), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [this](QDBusPendingCallWatcher* finished) {
                 const QDBusPendingReply<QVariant> reply = *finished;

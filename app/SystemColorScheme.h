@@ -6,9 +6,16 @@
 #include <QQmlEngine>
 #include <QVariant>
 
+class QDBusServiceWatcher;
+
 // The desktop's preferred colour scheme, read from the XDG desktop portal
 // (org.freedesktop.portal.Settings, org.freedesktop.appearance / color-scheme) and kept up
 // to date through the portal's SettingChanged signal. Without a portal it reports light.
+//
+// The portal is usually started on demand by the first call to it, often this one: the
+// change signal is therefore taken from whoever sends it on the portal's path (the well-known
+// name has no owner yet when we subscribe), and the value is read again each time the portal
+// (re)appears on the bus.
 class SystemColorScheme : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -34,8 +41,9 @@ private slots:
     void onSettingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
 
 private:
-    void readInitialValue();
+    void readValue();
     void setPrefersDark(bool dark);
 
+    QDBusServiceWatcher* m_watcher = nullptr;
     bool m_prefersDark = false;
 };

@@ -1,7 +1,9 @@
 #include "app/TrayIcon.h"
 
+#include <QAction>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QKeySequence>
 
 namespace {
 
@@ -17,6 +19,11 @@ TrayIcon::TrayIcon(QObject* parent) : QObject(parent)
     m_menu.addAction(QStringLiteral("Open Kivora"), this,
                      [this] { emit openRequested(geometry()); });
     m_menu.addAction(QStringLiteral("Settings…"), this, &TrayIcon::settingsRequested);
+    QAction* preferences =
+        m_menu.addAction(QStringLiteral("Preferences…"), this, &TrayIcon::preferencesRequested);
+    // Shown as the hint only: the shortcut itself works in Kivora's windows (WindowShortcuts).
+    preferences->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    preferences->setShortcutVisibleInContextMenu(true);
     m_menu.addAction(QStringLiteral("Check for Updates…"), this,
                      &TrayIcon::checkForUpdatesRequested);
     m_menu.addSeparator();

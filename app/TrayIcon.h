@@ -6,8 +6,12 @@
 #include <QTimer>
 
 // The status-area item: the logo with the title "Kivora". A left click toggles the popover,
-// a right click opens the menu "Open Kivora", "Settings…", "Check for Updates…", "Quit".
-// When the desktop has no status area yet, it keeps trying.
+// a right click opens the menu "Open Kivora", "Settings…" (the settings window),
+// "Preferences…" (the small preferences window), "Check for Updates…", "Quit". When the
+// desktop has no status area yet, it keeps trying.
+//
+// Qt offers the item as a StatusNotifierItem (with the menu exported over dbusmenu) when the
+// desktop runs a StatusNotifierWatcher, and as an XEmbed icon otherwise.
 class TrayIcon : public QObject {
     Q_OBJECT
 
@@ -24,6 +28,7 @@ signals:
     void toggleRequested(const QRect& iconGeometry);
     void openRequested(const QRect& iconGeometry);
     void settingsRequested();
+    void preferencesRequested();
     void checkForUpdatesRequested();
     void quitRequested();
     // The status area appeared after the start.

@@ -3,7 +3,9 @@ import QtQuick.Window
 import Kivora
 
 // The popover's window: frameless beside the tray icon (the application places it), closed
-// by Escape. The application closes it when it loses focus.
+// by Escape. The application closes it when it loses focus. Its size is fixed to its content
+// (minimum = maximum): a tiling Wayland compositor floats such a window at its natural size
+// instead of tiling it over the screen.
 Window {
     id: window
 
@@ -12,6 +14,8 @@ Window {
     height: view.implicitHeight
     minimumWidth: view.implicitWidth
     maximumWidth: view.implicitWidth
+    minimumHeight: view.implicitHeight
+    maximumHeight: view.implicitHeight
     color: Theme.popoverBackground
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
 

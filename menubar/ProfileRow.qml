@@ -21,6 +21,12 @@ Item {
 
     implicitHeight: layout.implicitHeight + 16
 
+    // A button to assistive technology: named after the profile, pressed to switch.
+    Accessible.role: Accessible.Button
+    Accessible.name: row.profileName
+    Accessible.description: row.identity
+    Accessible.onPressAction: row.switchRequested()
+
     Rectangle {
         anchors.fill: parent
         radius: 6

@@ -32,6 +32,34 @@ Item {
         return transfer.exportTo(file)
     }
 
+    readonly property url homeFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
+    readonly property string jsonFilter: "JSON files (*.json)"
+
+    // Export and import ask the desktop's file chooser first (the XDG portal); without one,
+    // Qt's own dialog is shown.
+    function chooseExportFile() {
+        chooser.purpose = "export"
+        chooser.saveFile(view.Window.window, "Export Profiles", "Save", "kivora-profiles.json",
+                         homeFolder, jsonFilter)
+    }
+
+    function chooseImportFile() {
+        chooser.purpose = "import"
+        chooser.openFile(view.Window.window, "Import Profiles", "Open", homeFolder, jsonFilter)
+    }
+
+    // `confirmed`: the dialog that returned `chosen` has already asked about replacing it.
+    // ".json" is added to a name without an extension; replacing a file nobody asked about
+    // yet needs the user's yes first.
+    function saveExport(chosen: url, confirmed: bool) {
+        const file = chooser.withDefaultSuffix(chosen, "json")
+        if (chooser.exists(file) && !(confirmed && String(file) === String(chosen))) {
+            replaceDialog.ask(file, chooser.fileName(file))
+            return
+        }
+        view.exportProfiles(file)
+    }
+
     function importProfiles(file: url): int {
         return transfer.importFrom(file)
     }
@@ -43,6 +71,30 @@ Item {
     ProfileTransfer {
         id: transfer
         manager: ProfileManager
+    }
+
+    FileChooser {
+        id: chooser
+        // What the open request is for: "export" or "import".
+        property string purpose
+        onAccepted: file => {
+            if (purpose === "export") {
+                // The desktop's chooser asks itself before it returns an existing file.
+                view.saveExport(file, true)
+            } else {
+                view.importProfiles(file)
+            }
+        }
+        onUnavailable: {
+            const dialog = (purpose === "export" ? exportDialog : importDialog).createObject(view)
+            dialog.open()
+        }
+    }
+
+    ReplaceFileDialog {
+        id: replaceDialog
+        objectName: "replaceDialog"
+        onReplaceChosen: file => view.exportProfiles(file)
     }
 
     // Ctrl+F in any of the application's windows moves to the search field.
@@ -58,13 +110,13 @@ Item {
         FileDialog {
             title: "Export Profiles"
             fileMode: FileDialog.SaveFile
-            nameFilters: ["JSON files (*.json)"]
-            defaultSuffix: "json"
-            currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
-            selectedFile: StandardPaths.writableLocation(StandardPaths.HomeLocation)
-                          + "/kivora-profiles.json"
+            acceptLabel: "Save"
+            nameFilters: [view.jsonFilter]
+            currentFolder: view.homeFolder
+            selectedFile: view.homeFolder + "/kivora-profiles.json"
             onAccepted: {
-                view.exportProfiles(selectedFile)
+                // Qt's dialog does not ask before returning an existing file.
+                view.saveExport(selectedFile, false)
                 destroy()
             }
             onRejected: destroy()
@@ -76,8 +128,9 @@ Item {
         FileDialog {
             title: "Import Profiles"
             fileMode: FileDialog.OpenFile
-            nameFilters: ["JSON files (*.json)"]
-            currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
+            acceptLabel: "Open"
+            nameFilters: [view.jsonFilter]
+            currentFolder: view.homeFolder
             onAccepted: {
                 view.importProfiles(selectedFile)
                 destroy()
@@ -101,8 +154,8 @@ Item {
             onSearchTextChanged: view.searchText = searchText
             onTabSelected: tab => view.selectedTab = tab
             onFavoriteToggled: tab => view.toggleFavorite(tab)
-            onExportRequested: (exportDialog.createObject(view) as FileDialog).open()
-            onImportRequested: (importDialog.createObject(view) as FileDialog).open()
+            onExportRequested: view.chooseExportFile()
+            onImportRequested: view.chooseImportFile()
             onResetRequested: view.resetAllSettings()
         }
 

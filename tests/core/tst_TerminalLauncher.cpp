@@ -123,6 +123,10 @@ private slots:
     void terminalNamingKnownEmulatorUsesItsConvention();
     void noEmulatorDoesNothing();
     void profileManagerOpensTerminal();
+    void waylandOnlyEmulatorIsSkippedWithoutWayland();
+    void emulatorThatFailsAtOnceIsPassedOver_data();
+    void emulatorThatFailsAtOnceIsPassedOver();
+    void emulatorStillRunningHasStarted();
 
 private:
     void profiles();
@@ -343,6 +347,8 @@ void TerminalLauncherTest::fallbackOrder()
 
     TestHome home;
     const QString bin = useBinFolder(home);
+    // foot is tried only on a Wayland display.
+    home.setEnv("WAYLAND_DISPLAY", "wayland-kivora-test");
     for (int i = first; i < int(std::size(kEmulators)); ++i) {
         const QString name = QLatin1String(kEmulators[i].first);
         writeRecorder(bin + u'/' + name, home.filePath(QStringLiteral("rec-") + name));
@@ -388,6 +394,7 @@ void TerminalLauncherTest::conventionOfEach()
 
     TestHome home;
     const QString bin = useBinFolder(home);
+    home.setEnv("WAYLAND_DISPLAY", "wayland-kivora-test");
     const QString recording = home.filePath(QStringLiteral("recording"));
     writeRecorder(bin + u'/' + emulator, recording);
 
@@ -530,6 +537,7 @@ void TerminalLauncherTest::terminalNamingKnownEmulatorUsesItsConvention()
     writeRecorder(bin + QStringLiteral("/x-terminal-emulator"),
                   home.filePath(QStringLiteral("rec-x")));
     home.setEnv("TERMINAL", "foot");
+    home.setEnv("WAYLAND_DISPLAY", "wayland-kivora-test");
 
     const GitProfile profile = makeProfile(QStringLiteral("Work"), QStringLiteral("Jane Doe"),
                                            QStringLiteral("jane@work.example"), QString());
@@ -603,6 +611,81 @@ void TerminalLauncherTest::profileManagerOpensTerminal()
                        "echo \"\"; exec \"${SHELL:-/bin/bash}\" -i");
     const QStringList expected = QStringList{managerHome, QStringLiteral("-e")} + bashRunning(text);
     QCOMPARE(fields, expected);
+}
+
+// On an X11 session foot cannot open a window: it is passed over, even when TERMINAL or
+// x-terminal-emulator names it, and the next emulator opens.
+void TerminalLauncherTest::waylandOnlyEmulatorIsSkippedWithoutWayland()
+{
+    TestHome home;
+    const QString bin = useBinFolder(home);
+    home.setEnv("WAYLAND_DISPLAY", std::nullopt);
+    writeRecorder(bin + QStringLiteral("/foot"), home.filePath(QStringLiteral("rec-foot")));
+    writeRecorder(bin + QStringLiteral("/xterm"), home.filePath(QStringLiteral("rec-xterm")));
+    home.setEnv("TERMINAL", "foot");
+
+    const GitProfile profile = makeProfile(QStringLiteral("Work"), QStringLiteral("Jane Doe"),
+                                           QStringLiteral("jane@work.example"), QString());
+    const auto launch = TerminalLauncher(home.path()).open(profile);
+    QVERIFY(launch.has_value());
+    QCOMPARE(launch->program, bin + QStringLiteral("/xterm"));
+    QStringList fields;
+    waitForRecording(home.filePath(QStringLiteral("rec-xterm")), &fields);
+    QVERIFY(!home.exists(QStringLiteral("rec-foot")));
+}
+
+void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver_data()
+{
+    QTest::addColumn<QByteArray>("failure");
+    QTest::newRow("exit status 1") << QByteArray("echo 'cannot open display' >&2\nexit 1");
+    QTest::newRow("killed by a signal") << QByteArray("kill -SEGV $$");
+}
+
+// An emulator that exits at once with an error (it could not reach its display) did not
+// open a window: the next one is tried.
+void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver()
+{
+    QFETCH(QByteArray, failure);
+
+    TestHome home;
+    const QString bin = useBinFolder(home);
+    const QString tried = home.filePath(QStringLiteral("tried-kitty"));
+    writeExecutable(bin + QStringLiteral("/kitty"),
+                    "#!/bin/bash\n: > '" + tried.toUtf8() + "'\n" + failure + "\n");
+    writeRecorder(bin + QStringLiteral("/xterm"), home.filePath(QStringLiteral("rec-xterm")));
+
+    const GitProfile profile = makeProfile(QStringLiteral("Work"), QStringLiteral("Jane Doe"),
+                                           QStringLiteral("jane@work.example"), QString());
+    const auto launch = TerminalLauncher(home.path()).open(profile);
+    QVERIFY(launch.has_value());
+    QCOMPARE(launch->program, bin + QStringLiteral("/xterm"));
+    QVERIFY(home.exists(QStringLiteral("tried-kitty")));
+    QStringList fields;
+    waitForRecording(home.filePath(QStringLiteral("rec-xterm")), &fields);
+}
+
+// An emulator still running when the watch ends opened its window; it is left running,
+// detached, and nothing else is started.
+void TerminalLauncherTest::emulatorStillRunningHasStarted()
+{
+    TestHome home;
+    const QString bin = useBinFolder(home);
+    const QString marker = home.filePath(QStringLiteral("kitty-running"));
+    const QString done = home.filePath(QStringLiteral("kitty-done"));
+    writeExecutable(bin + QStringLiteral("/kitty"), "#!/bin/bash\n: > '" + marker.toUtf8() +
+                                                        "'\n/bin/sleep 3\n: > '" + done.toUtf8() +
+                                                        "'\n");
+    writeRecorder(bin + QStringLiteral("/xterm"), home.filePath(QStringLiteral("rec-xterm")));
+
+    const GitProfile profile = makeProfile(QStringLiteral("Work"), QStringLiteral("Jane Doe"),
+                                           QStringLiteral("jane@work.example"), QString());
+    const auto launch = TerminalLauncher(home.path()).open(profile);
+    QVERIFY(launch.has_value());
+    QCOMPARE(launch->program, bin + QStringLiteral("/kitty"));
+    QVERIFY(home.exists(QStringLiteral("kitty-running")));
+    // It goes on after the launcher has returned.
+    QTRY_VERIFY_WITH_TIMEOUT(home.exists(QStringLiteral("kitty-done")), 60000);
+    QVERIFY(!home.exists(QStringLiteral("rec-xterm")));
 }
 
 QTEST_GUILESS_MAIN(TerminalLauncherTest)

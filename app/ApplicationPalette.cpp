@@ -1,0 +1,82 @@
+#include "app/ApplicationPalette.h"
+
+#include "app/SystemColorScheme.h"
+#include "prefs/SettingsManager.h"
+
+#include <QColor>
+#include <QGuiApplication>
+
+ApplicationPalette::ApplicationPalette(SettingsManager& settings, SystemColorScheme& scheme,
+                                       QObject* parent)
+    : QObject(parent), m_settings(settings), m_scheme(scheme)
+{
+    connect(&m_settings, &SettingsManager::appAppearanceChanged, this, &ApplicationPalette::apply);
+    connect(&m_scheme, &SystemColorScheme::prefersDarkChanged, this, &ApplicationPalette::apply);
+    apply();
+}
+
+bool ApplicationPalette::darkFor(AppAppearance appearance, bool systemPrefersDark)
+{
+    return appearance == AppAppearance::dark ||
+           (appearance == AppAppearance::system && systemPrefersDark);
+}
+
+QPalette ApplicationPalette::palette(bool dark)
+{
+    const QColor window = dark ? QColor(0x1e, 0x1e, 0x21) : QColor(0xfa, 0xfa, 0xfb);
+    const QColor popover = dark ? QColor(0x28, 0x28, 0x2c) : QColor(0xff, 0xff, 0xff);
+    const QColor control = dark ? QColor(0x36, 0x36, 0x3b) : QColor(0xec, 0xec, 0xf0);
+    const QColor field = dark ? QColor(0x32, 0x32, 0x37) : QColor(0xff, 0xff, 0xff);
+    const QColor border = dark ? QColor(0x46, 0x46, 0x4d) : QColor(0xd6, 0xd6, 0xdc);
+    const QColor text = dark ? QColor(0xf4, 0xf4, 0xf6) : QColor(0x1d, 0x1d, 0x21);
+    const QColor dimText = dark ? QColor(0xa8, 0xa8, 0xad) : QColor(0x74, 0x74, 0x79);
+    const QColor accent = dark ? QColor(0x78, 0xae, 0xed) : QColor(0x35, 0x84, 0xe4);
+
+    QPalette p;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        p.setColor(group, QPalette::Window, window);
+        p.setColor(group, QPalette::WindowText, text);
+        p.setColor(group, QPalette::Base, field);
+        p.setColor(group, QPalette::AlternateBase, control);
+        p.setColor(group, QPalette::Text, text);
+        p.setColor(group, QPalette::PlaceholderText, dimText);
+        p.setColor(group, QPalette::Button, control);
+        p.setColor(group, QPalette::ButtonText, text);
+        p.setColor(group, QPalette::BrightText, dark ? QColor(0xff, 0x7b, 0x7b) : Qt::white);
+        p.setColor(group, QPalette::ToolTipBase, popover);
+        p.setColor(group, QPalette::ToolTipText, text);
+        p.setColor(group, QPalette::Highlight, accent);
+        p.setColor(group, QPalette::HighlightedText, Qt::white);
+        p.setColor(group, QPalette::Link, accent);
+        p.setColor(group, QPalette::LinkVisited, accent.darker(120));
+        p.setColor(group, QPalette::Light, dark ? control.lighter(130) : Qt::white);
+        p.setColor(group, QPalette::Midlight, dark ? control.lighter(115) : control);
+        p.setColor(group, QPalette::Mid, border);
+        p.setColor(group, QPalette::Dark, dark ? QColor(0x16, 0x16, 0x18) : border.darker(130));
+        p.setColor(group, QPalette::Shadow, dark ? QColor(0, 0, 0) : QColor(0x80, 0x80, 0x80));
+    }
+    p.setColor(QPalette::Disabled, QPalette::Window, window);
+    p.setColor(QPalette::Disabled, QPalette::Base, window);
+    p.setColor(QPalette::Disabled, QPalette::Button, control);
+    p.setColor(QPalette::Disabled, QPalette::ToolTipBase, popover);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+          QPalette::PlaceholderText}) {
+        p.setColor(QPalette::Disabled, role, dimText);
+    }
+    p.setColor(QPalette::Disabled, QPalette::Highlight, border);
+    p.setColor(QPalette::Disabled, QPalette::HighlightedText, text);
+    return p;
+}
+
+void ApplicationPalette::apply()
+{
+    const bool dark = darkFor(m_settings.appearance(), m_scheme.prefersDark());
+    if (m_applied && dark == m_dark) {
+        return;
+    }
+    m_applied = true;
+    m_dark = dark;
+    QGuiApplication::setPalette(palette(dark));
+    emit darkChanged();
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "prefs/AppAppearance.h"
+
+#include <QObject>
+#include <QPalette>
+
+class SettingsManager;
+class SystemColorScheme;
+
+// The application-wide QPalette, light or dark by the same rule as the theme: "Dark", or
+// "System" while the desktop prefers dark. Everything the theme does not draw itself takes
+// its colours from here: the tray menu, Qt Quick Controls' tooltips and context menus, and
+// Qt's own file dialog.
+class ApplicationPalette : public QObject {
+    Q_OBJECT
+
+public:
+    ApplicationPalette(SettingsManager& settings, SystemColorScheme& scheme,
+                       QObject* parent = nullptr);
+
+    bool isDark() const { return m_dark; }
+
+    static bool darkFor(AppAppearance appearance, bool systemPrefersDark);
+    // The colours follow the theme's surfaces and text (app/Theme.qml).
+    static QPalette palette(bool dark);
+
+signals:
+    void darkChanged();
+
+private:
+    void apply();
+
+    SettingsManager& m_settings;
+    SystemColorScheme& m_scheme;
+    bool m_dark = false;
+    bool m_applied = false;
+};
