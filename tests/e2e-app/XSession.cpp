@@ -7,10 +7,13 @@
 #include <QTemporaryDir>
 #include <QThread>
 
-QStringList XSession::missingPrograms()
+QStringList XSession::missingPrograms(StatusArea area)
 {
     QStringList missing;
     for (const char* program : {"Xvfb", "trayer", "xdotool", "import"}) {
+        if (area == StatusArea::None && qstrcmp(program, "trayer") == 0) {
+            continue;
+        }
         if (QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty()) {
             missing << QString::fromLatin1(program);
         }
@@ -18,7 +21,7 @@ QStringList XSession::missingPrograms()
     return missing;
 }
 
-XSession::XSession() = default;
+XSession::XSession(StatusArea area) : m_area(area) {}
 
 XSession::~XSession()
 {
@@ -83,6 +86,9 @@ bool XSession::start(QString* problem)
         return false;
     }
 
+    if (m_area == StatusArea::None) {
+        return true;
+    }
     m_trayer = std::make_unique<QProcess>();
     m_trayer->setProcessEnvironment(environment());
     m_trayer->setProcessChannelMode(QProcess::ForwardedErrorChannel);

@@ -1,0 +1,383 @@
+#include "AppProcess.h"
+#include "DesktopSession.h"
+#include "model/ProfileCodec.h"
+#include "support/TestHome.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusInterface>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QThread>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
+const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
+
+struct MenuEntry {
+    int id = 0;
+    QString label;
+};
+
+// The labels of a dbusmenu layout (ia{sv}av), depth first, with their ids.
+void readLayout(const QDBusArgument& argument, QList<MenuEntry>& entries)
+{
+    int id = 0;
+    QVariantMap properties;
+    argument.beginStructure();
+    argument >> id >> properties;
+    if (properties.contains(QStringLiteral("label"))) {
+        entries << MenuEntry{id, properties.value(QStringLiteral("label")).toString()};
+    }
+    argument.beginArray();
+    while (!argument.atEnd()) {
+        QDBusVariant child;
+        argument >> child;
+        readLayout(child.variant().value<QDBusArgument>(), entries);
+    }
+    argument.endArray();
+    argument.endStructure();
+}
+
+} // namespace
+
+// Kivora in the XFCE panel's status tray, on a private display and session bus: the panel
+// is the StatusNotifierItem host, as on an XFCE desktop. Controls are found over the
+// accessibility bus by role and name.
+class XfcePanel : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void itemRegistersWithTitleKivora();
+    void exportedMenuHasTheEntries();
+    void activateTogglesThePopover();
+    void popoverStaysPutWhenAProfileIsClicked();
+    void menuSettingsOpensTheSettingsWindow();
+    void controlCommaOpensPreferences();
+    void menuPreferencesOpensThePreferencesWindow();
+
+private:
+    QDBusConnection bus() const { return QDBusConnection(m_desktop->bus().connectionName()); }
+    // The registered item as (service, path).
+    std::optional<std::pair<QString, QString>> item() const;
+    QVariant itemProperty(const QString& name) const;
+    QList<MenuEntry> menuEntries() const;
+    bool activate();
+    bool clickMenuEntry(const QString& label);
+    void closeWindow(const QString& window);
+    bool popoverShown() const;
+    std::optional<AtSpiClient::Node> appFrame(const QString& title, int timeoutMs) const;
+    QString windowProperty(const QString& window, const QString& property) const;
+
+    std::unique_ptr<TestHome> m_home;
+    std::unique_ptr<DesktopSession> m_desktop;
+    std::unique_ptr<QProcess> m_app;
+    std::optional<AtSpiClient::Node> m_application;
+};
+
+void XfcePanel::initTestCase()
+{
+    const DesktopSession::Options options{.xfcePanel = true, .onlyServices = std::nullopt};
+    const QStringList missing = DesktopSession::missingPrograms(options);
+    if (!missing.isEmpty()) {
+        QSKIP(qPrintable(QStringLiteral("needs ") + missing.join(QStringLiteral(", "))));
+    }
+    const QString appPath = qEnvironmentVariable("KIVORA_APP");
+    QVERIFY2(QFile::exists(appPath), "KIVORA_APP names no program");
+
+    m_home = std::make_unique<TestHome>();
+    m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"),
+                 QStringLiteral("User 1")});
+    m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.email"),
+                 QStringLiteral("user1@example.com")});
+    // The second profile has a key: switching to it adds the key line to the active profile
+    // card, so the popover grows.
+    m_home->write(QStringLiteral(".ssh/id_second"), "private key\n");
+    StoredData data;
+    for (int i = 1; i <= 3; ++i) {
+        data.profiles << GitProfile::create(
+            QStringLiteral("Profile %1").arg(i), QStringLiteral("User %1").arg(i),
+            QStringLiteral("user%1@example.com").arg(i),
+            i == 2 ? QStringLiteral("~/.ssh/id_second") : QString());
+    }
+    data.activeProfileID = data.profiles.first().id;
+    m_home->write(QStringLiteral(".git-switcher/profiles.json"), ProfileCodec::encodeStore(data));
+    m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"),
+                  "[General]\nappAppearance=Dark\nshowProfileEmail=true\nshowProfileEmailSet=true\n"
+                  "showSSHKey=true\nshowSSHKeySet=true\n");
+
+    m_desktop = std::make_unique<DesktopSession>();
+    QString problem;
+    QVERIFY2(m_desktop->start(*m_home, options, &problem), qPrintable(problem));
+    QVERIFY2(m_desktop->accessibility().isConnected(),
+             qPrintable(m_desktop->accessibility().problem()));
+
+    m_app = AppProcess::launch(appPath, m_desktop->environment());
+    QVERIFY2(m_app, "the application did not show its tray item");
+    // Qt names the application's accessible root after the application name.
+    AtSpiClient& a11y = m_desktop->accessibility();
+    m_application = a11y.waitForApplication(QStringLiteral("Kivora"), 30000);
+    if (!m_application) {
+        QStringList names;
+        for (const AtSpiClient::Node& application : a11y.applications()) {
+            names << a11y.name(application);
+        }
+        QFAIL(qPrintable(QStringLiteral("Kivora is not on the accessibility bus; there are: ") +
+                         names.join(QStringLiteral(", "))));
+    }
+}
+
+void XfcePanel::cleanupTestCase()
+{
+    AppProcess::stop(m_app);
+    m_desktop.reset();
+    m_home.reset();
+}
+
+std::optional<std::pair<QString, QString>> XfcePanel::item() const
+{
+    QDBusInterface watcher(watcherService, QStringLiteral("/StatusNotifierWatcher"), watcherService,
+                           bus());
+    const QStringList items = watcher.property("RegisteredStatusNotifierItems").toStringList();
+    for (const QString& entry : items) {
+        // "service/path", or a bare service with the conventional path.
+        const qsizetype slash = entry.indexOf(QLatin1Char('/'));
+        if (slash < 0) {
+            return std::pair{entry, QStringLiteral("/StatusNotifierItem")};
+        }
+        return std::pair{entry.left(slash), entry.mid(slash)};
+    }
+    return std::nullopt;
+}
+
+QVariant XfcePanel::itemProperty(const QString& name) const
+{
+    const auto registered = item();
+    if (!registered) {
+        return {};
+    }
+    QDBusMessage get = QDBusMessage::createMethodCall(
+        registered->first, registered->second, QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("Get"));
+    get << itemInterface << name;
+    const QDBusMessage reply = bus().call(get);
+    if (reply.arguments().isEmpty()) {
+        return {};
+    }
+    return reply.arguments().first().value<QDBusVariant>().variant();
+}
+
+QList<MenuEntry> XfcePanel::menuEntries() const
+{
+    QList<MenuEntry> entries;
+    const auto registered = item();
+    const QString menuPath = itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
+    if (!registered || menuPath.isEmpty()) {
+        return entries;
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(registered->first, menuPath, menuInterface,
+                                                       QStringLiteral("GetLayout"));
+    call << 0 << -1 << QStringList();
+    const QDBusMessage reply = bus().call(call);
+    if (reply.arguments().size() < 2) {
+        return entries;
+    }
+    readLayout(reply.arguments().at(1).value<QDBusArgument>(), entries);
+    return entries;
+}
+
+bool XfcePanel::activate()
+{
+    const auto registered = item();
+    if (!registered) {
+        return false;
+    }
+    // What the panel sends when its button is clicked; the coordinates are the pointer's.
+    QDBusMessage call = QDBusMessage::createMethodCall(registered->first, registered->second,
+                                                       itemInterface, QStringLiteral("Activate"));
+    call << 1380 << 14;
+    return bus().call(call).type() == QDBusMessage::ReplyMessage;
+}
+
+std::optional<AtSpiClient::Node> XfcePanel::appFrame(const QString& title, int timeoutMs) const
+{
+    AtSpiClient& a11y = m_desktop->accessibility();
+    QElapsedTimer waited;
+    waited.start();
+    do {
+        for (const AtSpiClient::Node& window : a11y.children(*m_application)) {
+            if (a11y.name(window) == title && a11y.hasState(window, QStringLiteral("visible"))) {
+                return window;
+            }
+        }
+        QThread::msleep(200);
+    } while (waited.elapsed() < timeoutMs);
+    return std::nullopt;
+}
+
+bool XfcePanel::popoverShown() const
+{
+    return m_desktop->x().waitForWindow(QStringLiteral("^Kivora$"), 300).has_value();
+}
+
+QString XfcePanel::windowProperty(const QString& window, const QString& property) const
+{
+    return m_desktop->x().run(QStringLiteral("xprop"), {QStringLiteral("-id"), window, property});
+}
+
+void XfcePanel::itemRegistersWithTitleKivora()
+{
+    QTRY_VERIFY_WITH_TIMEOUT(item().has_value(), 30000);
+    QCOMPARE(itemProperty(QStringLiteral("Title")).toString(), QStringLiteral("Kivora"));
+    QCOMPARE(itemProperty(QStringLiteral("Status")).toString(), QStringLiteral("Active"));
+}
+
+void XfcePanel::exportedMenuHasTheEntries()
+{
+    QStringList labels;
+    for (const MenuEntry& entry : menuEntries()) {
+        if (!entry.label.isEmpty()) {
+            labels << entry.label;
+        }
+    }
+    const QStringList expected{QStringLiteral("Open Kivora"), QStringLiteral("Settings…"),
+                               QStringLiteral("Preferences…"), QStringLiteral("Check for Updates…"),
+                               QStringLiteral("Quit")};
+    QCOMPARE(labels, expected);
+}
+
+void XfcePanel::activateTogglesThePopover()
+{
+    m_desktop->x().move(1380, 14);
+    QVERIFY(!popoverShown());
+    QVERIFY(activate());
+    QVERIFY2(appFrame(QStringLiteral("Kivora"), 15000), "Activate did not open the popover");
+    QVERIFY(m_desktop->x().waitForWindow(QStringLiteral("^Kivora$"), 10000));
+    QVERIFY(activate());
+    QTRY_VERIFY_WITH_TIMEOUT(!popoverShown(), 15000);
+}
+
+void XfcePanel::popoverStaysPutWhenAProfileIsClicked()
+{
+    XSession& x = m_desktop->x();
+    AtSpiClient& a11y = m_desktop->accessibility();
+    // Opened with the pointer on the tray, as a click on the icon would.
+    x.move(1380, 14);
+    QVERIFY(activate());
+    const auto window = x.waitForWindow(QStringLiteral("^Kivora$"), 15000);
+    QVERIFY(window);
+    QThread::msleep(500);
+    const QRect before = x.geometry(*window);
+    QVERIFY2(before.top() >= 20 && before.top() < 80, "the popover is not under the panel");
+    QVERIFY(before.right() < 1400);
+
+    // The pointer wanders off; the popover keeps the anchor it opened with.
+    x.move(300, 600);
+    const auto frame = appFrame(QStringLiteral("Kivora"), 10000);
+    QVERIFY(frame);
+    const auto row =
+        a11y.waitFor(*frame, QStringLiteral("push button"), QStringLiteral("Profile 2"), 15000);
+    QVERIFY2(row, qPrintable(a11y.dump(*frame)));
+    QVERIFY(a11y.press(*row));
+    QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),
+                              QStringLiteral("User 2"), 15000);
+    QThread::msleep(800);
+    QVERIFY2(popoverShown(), "the popover closed");
+    const QRect after = x.geometry(*window);
+    // The card gained the key line: the popover grew downwards, from where it was.
+    QVERIFY(after.height() > before.height());
+    QCOMPARE(after.topLeft(), before.topLeft());
+
+    x.move(after.left() - 30, after.bottom() + 30);
+    QThread::msleep(400);
+    const QImage screen = x.captureScreen();
+    const QRect area(std::max(0, after.left() - 260), 0,
+                     std::min(1400, after.right() + 1) - std::max(0, after.left() - 260),
+                     after.bottom() + 20);
+    QVERIFY(
+        AppProcess::saveScreenshot(screen.copy(area), QStringLiteral("popover-xfce-panel.png")));
+    QVERIFY(activate());
+    QTRY_VERIFY_WITH_TIMEOUT(!popoverShown(), 15000);
+}
+
+bool XfcePanel::clickMenuEntry(const QString& label)
+{
+    const auto registered = item();
+    const QString menuPath = itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
+    if (!registered || menuPath.isEmpty()) {
+        return false;
+    }
+    // What the panel sends when an entry of the item's menu is chosen.
+    for (const MenuEntry& entry : menuEntries()) {
+        if (entry.label == label) {
+            QDBusMessage event = QDBusMessage::createMethodCall(
+                registered->first, menuPath, menuInterface, QStringLiteral("Event"));
+            event << entry.id << QStringLiteral("clicked") << QVariant::fromValue(QDBusVariant(0))
+                  << 0u;
+            return bus().call(event).type() == QDBusMessage::ReplyMessage;
+        }
+    }
+    return false;
+}
+
+void XfcePanel::closeWindow(const QString& window)
+{
+    // As a user would: the window manager's close key on the focused window.
+    XSession& x = m_desktop->x();
+    x.run(QStringLiteral("xdotool"),
+          {QStringLiteral("windowactivate"), QStringLiteral("--sync"), window});
+    x.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("alt+F4")});
+}
+
+void XfcePanel::menuSettingsOpensTheSettingsWindow()
+{
+    QVERIFY(clickMenuEntry(QStringLiteral("Settings…")));
+    const auto settings = m_desktop->x().waitForWindow(QStringLiteral("^Kivora Settings"), 20000);
+    QVERIFY2(settings, "\"Settings…\" opened no settings window");
+    // The exact title, with no application name appended, and the window's icon.
+    QCOMPARE(windowProperty(*settings, QStringLiteral("_NET_WM_NAME")),
+             QStringLiteral("_NET_WM_NAME(UTF8_STRING) = \"Kivora Settings\""));
+    const QString icon = windowProperty(*settings, QStringLiteral("_NET_WM_ICON"));
+    QVERIFY2(icon.startsWith(QStringLiteral("_NET_WM_ICON(CARDINAL)")) &&
+                 icon.contains(QStringLiteral("Icon (32 x 32)")),
+             qPrintable(icon.left(200)));
+    QVERIFY(appFrame(QStringLiteral("Kivora Settings"), 10000));
+}
+
+void XfcePanel::controlCommaOpensPreferences()
+{
+    XSession& x = m_desktop->x();
+    const auto settings = x.waitForWindow(QStringLiteral("^Kivora Settings$"), 10000);
+    QVERIFY(settings);
+    x.run(QStringLiteral("xdotool"),
+          {QStringLiteral("windowactivate"), QStringLiteral("--sync"), *settings});
+    x.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("ctrl+comma")});
+    const auto preferences = x.waitForWindow(QStringLiteral("^Kivora Preferences"), 20000);
+    QVERIFY2(preferences, "Ctrl+, in the settings window opened no preferences window");
+    QCOMPARE(windowProperty(*preferences, QStringLiteral("_NET_WM_NAME")),
+             QStringLiteral("_NET_WM_NAME(UTF8_STRING) = \"Kivora Preferences\""));
+    QVERIFY(appFrame(QStringLiteral("Kivora Preferences"), 10000));
+    closeWindow(*preferences);
+    QTRY_VERIFY_WITH_TIMEOUT(!x.waitForWindow(QStringLiteral("^Kivora Preferences"), 200), 15000);
+}
+
+void XfcePanel::menuPreferencesOpensThePreferencesWindow()
+{
+    QVERIFY(clickMenuEntry(QStringLiteral("Preferences…")));
+    QVERIFY2(m_desktop->x().waitForWindow(QStringLiteral("^Kivora Preferences$"), 20000),
+             "\"Preferences…\" opened no preferences window");
+    QVERIFY(appFrame(QStringLiteral("Kivora Preferences"), 10000));
+}
+
+QTEST_GUILESS_MAIN(XfcePanel)
+
+#include "tst_XfcePanel.moc"
