@@ -4,7 +4,12 @@
 #include "prefs/SettingsManager.h"
 
 #include <QColor>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QGuiApplication>
+#include <QWindow>
+
+#include <utility>
 
 ApplicationPalette::ApplicationPalette(SettingsManager& settings, SystemColorScheme& scheme,
                                        QObject* parent)
@@ -12,6 +17,7 @@ ApplicationPalette::ApplicationPalette(SettingsManager& settings, SystemColorSch
 {
     connect(&m_settings, &SettingsManager::appAppearanceChanged, this, &ApplicationPalette::apply);
     connect(&m_scheme, &SystemColorScheme::prefersDarkChanged, this, &ApplicationPalette::apply);
+    QCoreApplication::instance()->installEventFilter(this);
     apply();
 }
 
@@ -77,6 +83,59 @@ void ApplicationPalette::apply()
     }
     m_applied = true;
     m_dark = dark;
-    QGuiApplication::setPalette(palette(dark));
+    m_palette = palette(dark);
+    QGuiApplication::setPalette(m_palette);
+    for (QWindow* window : QGuiApplication::allWindows()) {
+        if (window->inherits("QQuickWindow")) {
+            applyToWindow(window);
+        }
+    }
     emit darkChanged();
+}
+
+bool ApplicationPalette::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show && watched->inherits("QQuickWindow")) {
+        applyToWindow(watched);
+    }
+    return false;
+}
+
+void ApplicationPalette::applyToWindow(QObject* window) const
+{
+    // The window's palette (a QQuickPalette) is reached through its properties: one colour
+    // property per role, for all groups at once, and a "disabled" group of its own.
+    auto* quickPalette = window->property("palette").value<QObject*>();
+    if (!quickPalette) {
+        return;
+    }
+    static const std::pair<const char*, QPalette::ColorRole> roles[] = {
+        {"alternateBase", QPalette::AlternateBase},
+        {"base", QPalette::Base},
+        {"brightText", QPalette::BrightText},
+        {"button", QPalette::Button},
+        {"buttonText", QPalette::ButtonText},
+        {"dark", QPalette::Dark},
+        {"highlight", QPalette::Highlight},
+        {"highlightedText", QPalette::HighlightedText},
+        {"light", QPalette::Light},
+        {"link", QPalette::Link},
+        {"linkVisited", QPalette::LinkVisited},
+        {"mid", QPalette::Mid},
+        {"midlight", QPalette::Midlight},
+        {"placeholderText", QPalette::PlaceholderText},
+        {"shadow", QPalette::Shadow},
+        {"text", QPalette::Text},
+        {"toolTipBase", QPalette::ToolTipBase},
+        {"toolTipText", QPalette::ToolTipText},
+        {"window", QPalette::Window},
+        {"windowText", QPalette::WindowText},
+    };
+    auto* disabled = quickPalette->property("disabled").value<QObject*>();
+    for (const auto& [name, role] : roles) {
+        quickPalette->setProperty(name, m_palette.color(QPalette::Active, role));
+        if (disabled) {
+            disabled->setProperty(name, m_palette.color(QPalette::Disabled, role));
+        }
+    }
 }

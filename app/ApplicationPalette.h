@@ -8,10 +8,12 @@
 class SettingsManager;
 class SystemColorScheme;
 
-// The application-wide QPalette, light or dark by the same rule as the theme: "Dark", or
+// The application-wide palette, light or dark by the same rule as the theme: "Dark", or
 // "System" while the desktop prefers dark. Everything the theme does not draw itself takes
-// its colours from here: the tray menu, Qt Quick Controls' tooltips and context menus, and
-// Qt's own file dialog.
+// its colours from here: the tray menu (widgets use the application's QPalette), Qt Quick
+// Controls' tooltips and context menus, and Qt's own file dialog. Qt Quick Controls take
+// their colours from the window's palette, else from their style's fixed one: every Qt Quick
+// window is given this palette when it is shown, and again on every change.
 class ApplicationPalette : public QObject {
     Q_OBJECT
 
@@ -28,11 +30,16 @@ public:
 signals:
     void darkChanged();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void apply();
+    void applyToWindow(QObject* window) const;
 
     SettingsManager& m_settings;
     SystemColorScheme& m_scheme;
+    QPalette m_palette;
     bool m_dark = false;
     bool m_applied = false;
 };

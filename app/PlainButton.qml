@@ -5,6 +5,9 @@ import Kivora
 // A borderless text button with an optional leading symbol, as the popover's footer uses.
 AbstractButton {
     id: button
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: button.clicked()
 
     property string symbol
     property color foreground: Theme.secondaryText

@@ -29,9 +29,16 @@ SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent)
     }
     // An empty service matches the signal from any sender: subscribing to the well-known
     // name while nobody owns it yet (the portal is started by our own Read below) would
-    // miss every later change.
-    bus.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-                SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+    // miss every later change. The slot takes the whole message: QtDBus cannot match a slot
+    // with a QDBusVariant parameter before that type is registered, and then quietly
+    // subscribes to nothing.
+    const bool subscribed =
+        bus.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+                    this, SLOT(onSettingChanged(QDBusMessage)));
+    if (!subscribed) {
+        qWarning("kivora: cannot follow the desktop's colour scheme: %s",
+                 qPrintable(bus.lastError().message()));
+    }
     m_watcher = new QDBusServiceWatcher(portalService, bus,
                                         QDBusServiceWatcher::WatchForRegistration, this);
     connect(m_watcher, &QDBusServiceWatcher::serviceRegistered, this,
@@ -81,11 +88,13 @@ void SystemColorScheme::readValue()
             });
 }
 
-void SystemColorScheme::onSettingChanged(const QString& nameSpace, const QString& key,
-                                         const QDBusVariant& value)
+void SystemColorScheme::onSettingChanged(const QDBusMessage& message)
 {
-    if (nameSpace == appearanceNamespace && key == colorSchemeKey) {
-        setPrefersDark(isDarkValue(value.variant()));
+    // SettingChanged(s namespace, s key, v value)
+    const QList<QVariant> arguments = message.arguments();
+    if (arguments.size() == 3 && arguments.at(0).toString() == appearanceNamespace &&
+        arguments.at(1).toString() == colorSchemeKey) {
+        setPrefersDark(isDarkValue(arguments.at(2)));
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QJSEngine>
 #include <QObject>
 #include <QQmlEngine>
@@ -38,7 +38,7 @@ signals:
     void prefersDarkChanged();
 
 private slots:
-    void onSettingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+    void onSettingChanged(const QDBusMessage& message);
 
 private:
     void readValue();

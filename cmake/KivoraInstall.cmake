@@ -134,7 +134,8 @@ set(KIVORA_RUNTIME_DEPENDS
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
     qml6-module-qtquick-dialogs qml6-module-qtquick-window qml6-module-qtquick-templates
     qml6-module-qtqml-workerscript qml6-module-qtcore qml6-module-qt-labs-folderlistmodel
-    qml6-module-qtqml-models qt6-qpa-plugins qt6-wayland libqt6svg6 git openssh-client)
+    qml6-module-qtqml-models qml6-module-qtqml qml6-module-qtquick-shapes qt6-qpa-plugins
+    qt6-wayland libqt6svg6 git openssh-client)
 list(JOIN KIVORA_RUNTIME_DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 # A terminal for "open in terminal".
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "x-terminal-emulator")

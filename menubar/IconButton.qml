@@ -5,6 +5,10 @@ import Kivora
 // A small square symbol button with a tooltip, as a profile row shows on hover.
 AbstractButton {
     id: button
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: button.clicked()
+    Accessible.name: button.tooltip
 
     property string symbol
     property color foreground: Theme.secondaryText

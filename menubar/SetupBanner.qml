@@ -6,6 +6,9 @@ import Kivora
 // Shown while profiles still need to be set up; a click opens the settings.
 AbstractButton {
     id: banner
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: banner.clicked()
 
     hoverEnabled: true
     padding: 10

@@ -7,6 +7,9 @@ import Kivora
 // owner, which opens `url` in the browser.
 AbstractButton {
     id: link
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: link.clicked()
 
     property string symbol
     property url url

@@ -14,6 +14,10 @@ Rectangle {
 
     implicitHeight: 32
     radius: 6
+
+    Accessible.role: Accessible.Button
+    Accessible.name: row.title
+    Accessible.onPressAction: row.clicked()
     color: hover.hovered ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
                                    Theme.controlBackground.b, 0.8)
                          : "transparent"

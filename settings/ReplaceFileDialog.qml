@@ -53,6 +53,8 @@ Popup {
         }
         Text {
             objectName: "dialogTitle"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.fillWidth: true
             Layout.topMargin: 4
             text: "A file named \u201c" + dialog.fileName + "\u201d already exists."
@@ -63,6 +65,8 @@ Popup {
         }
         Text {
             objectName: "dialogMessage"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.fillWidth: true
             text: "Do you want to replace it? Its contents will be overwritten."
             font: Theme.subheadline

@@ -19,6 +19,13 @@ Rectangle {
 
     implicitHeight: 32
     radius: 6
+
+    // A page tab to assistive technology, named after its page.
+    Accessible.role: Accessible.PageTab
+    Accessible.name: row.title
+    Accessible.selectable: true
+    Accessible.selected: row.selected
+    Accessible.onPressAction: row.clicked()
     opacity: SettingsTab.matchesSearch(tab, searchText) ? 1.0 : 0.5
     color: selected ? Theme.selection
                     : hover.hovered ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
@@ -56,6 +63,8 @@ Rectangle {
             implicitWidth: 22
             implicitHeight: 22
             hoverEnabled: true
+            Accessible.name: ToolTip.text
+            Accessible.onPressAction: star.clicked()
             ToolTip.text: row.isFavorited ? "Remove from favorites" : "Add to favorites"
             ToolTip.visible: hovered
             ToolTip.delay: 500

@@ -66,7 +66,11 @@ Item {
         spacing: 12
 
         AbstractButton {
+            id: activateButton
             objectName: "activateButton"
+            Accessible.name: row.profileName
+            Accessible.description: row.identity
+            Accessible.onPressAction: activateButton.clicked()
             Layout.fillWidth: true
             // The row's own hover handler tracks the pointer, wherever it comes in.
             hoverEnabled: false

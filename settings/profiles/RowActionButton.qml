@@ -5,6 +5,10 @@ import Kivora
 // A 28 × 28 symbol button on a rounded background, with a tooltip, for a row's actions.
 AbstractButton {
     id: button
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: button.clicked()
+    Accessible.name: button.tooltip
 
     property string symbol
     property color foreground: Theme.secondaryText

@@ -51,7 +51,8 @@ const char panelSettings[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 QStringList DesktopSession::missingPrograms(const Options& options)
 {
-    QStringList missing = XSession::missingPrograms(XSession::StatusArea::None);
+    QStringList missing = XSession::missingPrograms(options.trayer ? XSession::StatusArea::Trayer
+                                                                   : XSession::StatusArea::None);
     QStringList wanted{QStringLiteral("dbus-daemon")};
     if (options.xfcePanel) {
         wanted << QStringLiteral("xfce4-panel") << QStringLiteral("xfwm4")
@@ -86,16 +87,20 @@ DesktopSession::~DesktopSession()
         }
     }
     m_programs.clear();
-    // The bus and the display go with the members; whatever they had started is ended here.
+    m_bus.stop();
+    m_x.reset();
+    // Whatever was started on the bus or the display, and left running, is ended here.
     Descendants::end();
 }
 
 bool DesktopSession::start(const TestHome& home, const Options& options, QString* problem)
 {
-    if (!m_x.start(problem)) {
+    m_x = std::make_unique<XSession>(options.trayer ? XSession::StatusArea::Trayer
+                                                    : XSession::StatusArea::None);
+    if (!m_x->start(problem)) {
         return false;
     }
-    m_environment = m_x.environment();
+    m_environment = m_x->environment();
     const QString runtime = home.filePath(QStringLiteral(".run"));
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -134,6 +139,24 @@ AtSpiClient& DesktopSession::accessibility()
     return *m_accessibility;
 }
 
+QString DesktopSession::run(const QString& program, const QStringList& arguments, int* exitCode,
+                            int timeoutMs) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(program, arguments);
+    const bool finished = process.waitForFinished(timeoutMs);
+    if (!finished) {
+        process.kill();
+        process.waitForFinished(2000);
+    }
+    if (exitCode) {
+        *exitCode =
+            finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
 QProcess* DesktopSession::startProgram(const QString& program, const QStringList& arguments,
                                        const QProcessEnvironment& environment)
 {
@@ -148,23 +171,27 @@ QProcess* DesktopSession::startProgram(const QString& program, const QStringList
 
 bool DesktopSession::startWindowManager(QString* problem)
 {
-    QProcess* manager = startProgram(
-        QStringLiteral("xfwm4"),
-        {QStringLiteral("--compositor=off"), QStringLiteral("--sm-client-disable")}, m_environment);
-    if (manager->state() != QProcess::Running) {
-        *problem = QStringLiteral("xfwm4 did not start");
-        return false;
-    }
-    // A window manager announces itself on the root window.
-    QElapsedTimer waited;
-    waited.start();
-    while (waited.elapsed() < 60000) {
-        if (m_x.run(QStringLiteral("xprop"),
-                    {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
-                .contains(QStringLiteral("window id"))) {
-            return true;
+    // A window manager announces itself on the root window. One that gave up at once (it
+    // lost a race for the display with a server starting beside it) is started again.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        QProcess* manager = startProgram(
+            QStringLiteral("xfwm4"),
+            {QStringLiteral("--compositor=off"), QStringLiteral("--sm-client-disable")},
+            m_environment);
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 60000 && manager->state() == QProcess::Running) {
+            if (m_x->run(QStringLiteral("xprop"),
+                         {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
+                    .contains(QStringLiteral("window id"))) {
+                return true;
+            }
+            QThread::msleep(200);
         }
-        QThread::msleep(200);
+        if (manager->state() == QProcess::Running) {
+            break;
+        }
+        QThread::msleep(500);
     }
     *problem = QStringLiteral("xfwm4 did not take over the display");
     return false;

@@ -25,6 +25,8 @@ public:
         // host and an XEmbed tray), under XFCE's window manager; otherwise no status area
         // and no window manager at all.
         bool xfcePanel = false;
+        // trayer as an XEmbed status area (the system tray of older and lighter desktops).
+        bool trayer = false;
         // The D-Bus services that may start; nothing means all the system offers.
         std::optional<QStringList> onlyServices;
     };
@@ -42,11 +44,15 @@ public:
     // For the programs of the test: DISPLAY, the session bus, HOME and the XDG folders,
     // accessibility on, GSettings through dconf.
     QProcessEnvironment environment() const;
-    XSession& x() { return m_x; }
+    XSession& x() { return *m_x; }
     DBusSession& bus() { return m_bus; }
     // The accessibility bus (connected on first use).
     AtSpiClient& accessibility();
 
+    // Runs a program on this desktop (its display, bus and folders) and returns its trimmed
+    // standard output.
+    QString run(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
+                int timeoutMs = 30000) const;
     // Starts a program of the test on this desktop; it is ended with the session.
     QProcess* startProgram(const QString& program, const QStringList& arguments,
                            const QProcessEnvironment& environment);
@@ -55,7 +61,7 @@ private:
     bool startWindowManager(QString* problem);
     bool startPanel(const TestHome& home, QString* problem);
 
-    XSession m_x{XSession::StatusArea::None};
+    std::unique_ptr<XSession> m_x;
     DBusSession m_bus;
     QProcessEnvironment m_environment;
     std::unique_ptr<AtSpiClient> m_accessibility;

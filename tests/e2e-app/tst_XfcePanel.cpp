@@ -1,52 +1,14 @@
 #include "AppProcess.h"
 #include "DesktopSession.h"
+#include "StatusNotifierClient.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
 
-#include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusInterface>
-#include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QDBusVariant>
 #include <QElapsedTimer>
 #include <QThread>
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-
-const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
-const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
-
-struct MenuEntry {
-    int id = 0;
-    QString label;
-};
-
-// The labels of a dbusmenu layout (ia{sv}av), depth first, with their ids.
-void readLayout(const QDBusArgument& argument, QList<MenuEntry>& entries)
-{
-    int id = 0;
-    QVariantMap properties;
-    argument.beginStructure();
-    argument >> id >> properties;
-    if (properties.contains(QStringLiteral("label"))) {
-        entries << MenuEntry{id, properties.value(QStringLiteral("label")).toString()};
-    }
-    argument.beginArray();
-    while (!argument.atEnd()) {
-        QDBusVariant child;
-        argument >> child;
-        readLayout(child.variant().value<QDBusArgument>(), entries);
-    }
-    argument.endArray();
-    argument.endStructure();
-}
-
-} // namespace
 
 // Kivora in the XFCE panel's status tray, on a private display and session bus: the panel
 // is the StatusNotifierItem host, as on an XFCE desktop. Controls are found over the
@@ -66,13 +28,8 @@ private slots:
     void menuPreferencesOpensThePreferencesWindow();
 
 private:
-    QDBusConnection bus() const { return QDBusConnection(m_desktop->bus().connectionName()); }
-    // The registered item as (service, path).
-    std::optional<std::pair<QString, QString>> item() const;
-    QVariant itemProperty(const QString& name) const;
-    QList<MenuEntry> menuEntries() const;
-    bool activate();
-    bool clickMenuEntry(const QString& label);
+    // A click on the tray item, with the pointer on the panel's tray.
+    bool activate() const { return m_tray->activate(1380, 14); }
     void closeWindow(const QString& window);
     bool popoverShown() const;
     std::optional<AtSpiClient::Node> appFrame(const QString& title, int timeoutMs) const;
@@ -80,6 +37,7 @@ private:
 
     std::unique_ptr<TestHome> m_home;
     std::unique_ptr<DesktopSession> m_desktop;
+    std::unique_ptr<StatusNotifierClient> m_tray;
     std::unique_ptr<QProcess> m_app;
     std::optional<AtSpiClient::Node> m_application;
 };
@@ -121,6 +79,7 @@ void XfcePanel::initTestCase()
     QVERIFY2(m_desktop->accessibility().isConnected(),
              qPrintable(m_desktop->accessibility().problem()));
 
+    m_tray = std::make_unique<StatusNotifierClient>(m_desktop->bus().connectionName());
     m_app = AppProcess::launch(appPath, m_desktop->environment());
     QVERIFY2(m_app, "the application did not show its tray item");
     // Qt names the application's accessible root after the application name.
@@ -141,71 +100,6 @@ void XfcePanel::cleanupTestCase()
     AppProcess::stop(m_app);
     m_desktop.reset();
     m_home.reset();
-}
-
-std::optional<std::pair<QString, QString>> XfcePanel::item() const
-{
-    QDBusInterface watcher(watcherService, QStringLiteral("/StatusNotifierWatcher"), watcherService,
-                           bus());
-    const QStringList items = watcher.property("RegisteredStatusNotifierItems").toStringList();
-    for (const QString& entry : items) {
-        // "service/path", or a bare service with the conventional path.
-        const qsizetype slash = entry.indexOf(QLatin1Char('/'));
-        if (slash < 0) {
-            return std::pair{entry, QStringLiteral("/StatusNotifierItem")};
-        }
-        return std::pair{entry.left(slash), entry.mid(slash)};
-    }
-    return std::nullopt;
-}
-
-QVariant XfcePanel::itemProperty(const QString& name) const
-{
-    const auto registered = item();
-    if (!registered) {
-        return {};
-    }
-    QDBusMessage get = QDBusMessage::createMethodCall(
-        registered->first, registered->second, QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"));
-    get << itemInterface << name;
-    const QDBusMessage reply = bus().call(get);
-    if (reply.arguments().isEmpty()) {
-        return {};
-    }
-    return reply.arguments().first().value<QDBusVariant>().variant();
-}
-
-QList<MenuEntry> XfcePanel::menuEntries() const
-{
-    QList<MenuEntry> entries;
-    const auto registered = item();
-    const QString menuPath = itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
-    if (!registered || menuPath.isEmpty()) {
-        return entries;
-    }
-    QDBusMessage call = QDBusMessage::createMethodCall(registered->first, menuPath, menuInterface,
-                                                       QStringLiteral("GetLayout"));
-    call << 0 << -1 << QStringList();
-    const QDBusMessage reply = bus().call(call);
-    if (reply.arguments().size() < 2) {
-        return entries;
-    }
-    readLayout(reply.arguments().at(1).value<QDBusArgument>(), entries);
-    return entries;
-}
-
-bool XfcePanel::activate()
-{
-    const auto registered = item();
-    if (!registered) {
-        return false;
-    }
-    // What the panel sends when its button is clicked; the coordinates are the pointer's.
-    QDBusMessage call = QDBusMessage::createMethodCall(registered->first, registered->second,
-                                                       itemInterface, QStringLiteral("Activate"));
-    call << 1380 << 14;
-    return bus().call(call).type() == QDBusMessage::ReplyMessage;
 }
 
 std::optional<AtSpiClient::Node> XfcePanel::appFrame(const QString& title, int timeoutMs) const
@@ -236,23 +130,17 @@ QString XfcePanel::windowProperty(const QString& window, const QString& property
 
 void XfcePanel::itemRegistersWithTitleKivora()
 {
-    QTRY_VERIFY_WITH_TIMEOUT(item().has_value(), 30000);
-    QCOMPARE(itemProperty(QStringLiteral("Title")).toString(), QStringLiteral("Kivora"));
-    QCOMPARE(itemProperty(QStringLiteral("Status")).toString(), QStringLiteral("Active"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_tray->item().has_value(), 30000);
+    QCOMPARE(m_tray->property(QStringLiteral("Title")).toString(), QStringLiteral("Kivora"));
+    QCOMPARE(m_tray->property(QStringLiteral("Status")).toString(), QStringLiteral("Active"));
 }
 
 void XfcePanel::exportedMenuHasTheEntries()
 {
-    QStringList labels;
-    for (const MenuEntry& entry : menuEntries()) {
-        if (!entry.label.isEmpty()) {
-            labels << entry.label;
-        }
-    }
     const QStringList expected{QStringLiteral("Open Kivora"), QStringLiteral("Settings…"),
                                QStringLiteral("Preferences…"), QStringLiteral("Check for Updates…"),
                                QStringLiteral("Quit")};
-    QCOMPARE(labels, expected);
+    QCOMPARE(m_tray->menuLabels(), expected);
 }
 
 void XfcePanel::activateTogglesThePopover()
@@ -309,26 +197,6 @@ void XfcePanel::popoverStaysPutWhenAProfileIsClicked()
     QTRY_VERIFY_WITH_TIMEOUT(!popoverShown(), 15000);
 }
 
-bool XfcePanel::clickMenuEntry(const QString& label)
-{
-    const auto registered = item();
-    const QString menuPath = itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
-    if (!registered || menuPath.isEmpty()) {
-        return false;
-    }
-    // What the panel sends when an entry of the item's menu is chosen.
-    for (const MenuEntry& entry : menuEntries()) {
-        if (entry.label == label) {
-            QDBusMessage event = QDBusMessage::createMethodCall(
-                registered->first, menuPath, menuInterface, QStringLiteral("Event"));
-            event << entry.id << QStringLiteral("clicked") << QVariant::fromValue(QDBusVariant(0))
-                  << 0u;
-            return bus().call(event).type() == QDBusMessage::ReplyMessage;
-        }
-    }
-    return false;
-}
-
 void XfcePanel::closeWindow(const QString& window)
 {
     // As a user would: the window manager's close key on the focused window.
@@ -340,7 +208,7 @@ void XfcePanel::closeWindow(const QString& window)
 
 void XfcePanel::menuSettingsOpensTheSettingsWindow()
 {
-    QVERIFY(clickMenuEntry(QStringLiteral("Settings…")));
+    QVERIFY(m_tray->clickMenuEntry(QStringLiteral("Settings…")));
     const auto settings = m_desktop->x().waitForWindow(QStringLiteral("^Kivora Settings"), 20000);
     QVERIFY2(settings, "\"Settings…\" opened no settings window");
     // The exact title, with no application name appended, and the window's icon.
@@ -372,7 +240,7 @@ void XfcePanel::controlCommaOpensPreferences()
 
 void XfcePanel::menuPreferencesOpensThePreferencesWindow()
 {
-    QVERIFY(clickMenuEntry(QStringLiteral("Preferences…")));
+    QVERIFY(m_tray->clickMenuEntry(QStringLiteral("Preferences…")));
     QVERIFY2(m_desktop->x().waitForWindow(QStringLiteral("^Kivora Preferences$"), 20000),
              "\"Preferences…\" opened no preferences window");
     QVERIFY(appFrame(QStringLiteral("Kivora Preferences"), 10000));

@@ -10,8 +10,14 @@ DBusSession::DBusSession() = default;
 
 DBusSession::~DBusSession()
 {
+    stop();
+}
+
+void DBusSession::stop()
+{
     if (!m_connectionName.isEmpty()) {
         QDBusConnection::disconnectFromBus(m_connectionName);
+        m_connectionName.clear();
     }
     if (m_daemon && m_daemon->state() != QProcess::NotRunning) {
         m_daemon->terminate();
@@ -20,6 +26,7 @@ DBusSession::~DBusSession()
             m_daemon->waitForFinished(3000);
         }
     }
+    m_daemon.reset();
 }
 
 bool DBusSession::start(const QProcessEnvironment& environment, QString* problem,

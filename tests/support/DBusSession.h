@@ -26,6 +26,8 @@ public:
     // ".service") that may be started on demand; nothing means all of them.
     bool start(const QProcessEnvironment& environment, QString* problem,
                const std::optional<QStringList>& onlyServices = std::nullopt);
+    // Ends the bus daemon (its services lose the bus and go, or are ended by the test).
+    void stop();
     QString address() const { return m_address; }
     // `environment` with DBUS_SESSION_BUS_ADDRESS pointing at this bus.
     QProcessEnvironment environment(QProcessEnvironment environment) const;
