@@ -39,7 +39,8 @@ QPalette ApplicationPalette::palette(bool dark)
     const QColor accent = dark ? QColor(0x78, 0xae, 0xed) : QColor(0x35, 0x84, 0xe4);
 
     QPalette p;
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    for (const QPalette::ColorGroup group :
+         {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         p.setColor(group, QPalette::Window, window);
         p.setColor(group, QPalette::WindowText, text);
         p.setColor(group, QPalette::Base, field);
@@ -61,10 +62,8 @@ QPalette ApplicationPalette::palette(bool dark)
         p.setColor(group, QPalette::Dark, dark ? QColor(0x16, 0x16, 0x18) : border.darker(130));
         p.setColor(group, QPalette::Shadow, dark ? QColor(0, 0, 0) : QColor(0x80, 0x80, 0x80));
     }
-    p.setColor(QPalette::Disabled, QPalette::Window, window);
+    // Disabled: the same surfaces, dimmed text.
     p.setColor(QPalette::Disabled, QPalette::Base, window);
-    p.setColor(QPalette::Disabled, QPalette::Button, control);
-    p.setColor(QPalette::Disabled, QPalette::ToolTipBase, popover);
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
           QPalette::PlaceholderText}) {

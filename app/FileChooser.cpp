@@ -102,29 +102,40 @@ QString FileChooser::parentIdentifier(QWindow* window)
     return {};
 }
 
+QString FileChooser::localPath(const QUrl& file)
+{
+    // Qt's own dialog may hand back a bare path rather than a file: address.
+    if (file.isLocalFile()) {
+        return file.toLocalFile();
+    }
+    return file.scheme().isEmpty() ? file.path() : QString();
+}
+
 QUrl FileChooser::withDefaultSuffix(const QUrl& file, const QString& suffix)
 {
-    if (!file.isLocalFile()) {
+    const QString path = localPath(file);
+    if (path.isEmpty()) {
         return file;
     }
-    const QString path = file.toLocalFile();
     const QString name = QFileInfo(path).fileName();
     // A leading dot makes a hidden file, not an extension: ".profiles" gets one too.
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
     if (name.isEmpty() || dot > 0) {
-        return file;
+        return QUrl::fromLocalFile(path);
     }
     return QUrl::fromLocalFile(path + QLatin1Char('.') + suffix);
 }
 
 bool FileChooser::exists(const QUrl& file)
 {
-    return file.isLocalFile() && QFileInfo::exists(file.toLocalFile());
+    const QString path = localPath(file);
+    return !path.isEmpty() && QFileInfo::exists(path);
 }
 
 QString FileChooser::fileName(const QUrl& file)
 {
-    return file.isLocalFile() ? QFileInfo(file.toLocalFile()).fileName() : file.fileName();
+    const QString path = localPath(file);
+    return path.isEmpty() ? file.fileName() : QFileInfo(path).fileName();
 }
 
 void FileChooser::saveFile(QWindow* parent, const QString& title, const QString& acceptLabel,

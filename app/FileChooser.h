@@ -41,9 +41,18 @@ public:
 
     // The file with ".<suffix>" added when its name has no extension at all ("profiles" →
     // "profiles.json"; "profiles.backup" and ".json" stay as they are).
-    Q_INVOKABLE static QUrl withDefaultSuffix(const QUrl& file, const QString& suffix);
-    Q_INVOKABLE static bool exists(const QUrl& file);
-    Q_INVOKABLE static QString fileName(const QUrl& file);
+    static QUrl withDefaultSuffix(const QUrl& file, const QString& suffix);
+    // The same three for QML, which calls them through an instance.
+    Q_INVOKABLE QUrl addingDefaultSuffix(const QUrl& file, const QString& suffix) const
+    {
+        return withDefaultSuffix(file, suffix);
+    }
+    Q_INVOKABLE bool fileExists(const QUrl& file) const { return exists(file); }
+    Q_INVOKABLE QString nameOf(const QUrl& file) const { return fileName(file); }
+    static bool exists(const QUrl& file);
+    static QString fileName(const QUrl& file);
+    // The local path a file: address (or a bare path) stands for; empty for anything else.
+    static QString localPath(const QUrl& file);
 
     // "JSON files (*.json)" → {"JSON files", {"*.json"}}.
     static Filter parseNameFilter(const QString& nameFilter);

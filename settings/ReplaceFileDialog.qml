@@ -28,8 +28,6 @@ Popup {
     padding: 20
     topPadding: 22
     closePolicy: Popup.CloseOnEscape
-    Accessible.role: Accessible.Dialog
-    Accessible.name: "Replace File"
 
     T.Overlay.modal: Rectangle {
         color: Qt.rgba(0, 0, 0, Theme.dark ? 0.45 : 0.22)

@@ -52,9 +52,9 @@ Item {
     // ".json" is added to a name without an extension; replacing a file nobody asked about
     // yet needs the user's yes first.
     function saveExport(chosen: url, confirmed: bool) {
-        const file = chooser.withDefaultSuffix(chosen, "json")
-        if (chooser.exists(file) && !(confirmed && String(file) === String(chosen))) {
-            replaceDialog.ask(file, chooser.fileName(file))
+        const file = chooser.addingDefaultSuffix(chosen, "json")
+        if (chooser.fileExists(file) && !(confirmed && String(file) === String(chosen))) {
+            replaceDialog.ask(file, chooser.nameOf(file))
             return
         }
         view.exportProfiles(file)
