@@ -14,6 +14,10 @@ Rectangle {
     // The profile edited (a gitProfile); for a new profile the shared empty template.
     property var profile
 
+    // Why the profile handed to `saved` could not be stored; set by the page that handles it,
+    // and the sheet then stays open with it.
+    property string saveError: ""
+
     // Emitted by Save with the finished profile; the sheet is dismissed right after.
     signal saved(var profile)
     signal dismissed()
@@ -89,6 +93,9 @@ Rectangle {
         // cannot be written the sheet stays open with the reason, and Save tries them again.
         if (!editor.profileSaved) {
             editor.saved(editor.composedProfile())
+            if (editor.saveError.length > 0) {
+                return
+            }
             editor.profileSaved = true
         }
         if (!rulesSection.commit()) {
@@ -112,7 +119,7 @@ Rectangle {
     // Runs ssh-keygen (the interface waits for it). A new key's path goes into the form, and
     // half a second later its public key is put on the clipboard. The form's values are
     // reset whatever happened.
-    function generateSSHKey() {
+    function generateSSHKey(): bool {
         const fileName = keyGeneration.keyFileName(editor.keyFilename)
         const keyPath = keyGeneration.generate(editor.gitEmail, editor.keyFilename,
                                                editor.usePassphrase, editor.passphrase)
@@ -124,6 +131,7 @@ Rectangle {
         editor.keyFilename = ""
         editor.usePassphrase = false
         editor.passphrase = ""
+        return keyPath.length > 0
     }
 
     // Scrolls the form so that the item (one of its fields or buttons) is in view.
@@ -223,9 +231,12 @@ Rectangle {
                 onKeyFilenameChanged: editor.keyFilename = keyFilename
                 onUsePassphraseChanged: editor.usePassphrase = usePassphrase
                 onPassphraseChanged: editor.passphrase = passphrase
+                error: keyGeneration.error
+                // A failed generation keeps the sheet open with the reason.
                 onGenerate: {
-                    editor.generateSSHKey()
-                    editor.showGenerateKeySheet = false
+                    if (editor.generateSSHKey()) {
+                        editor.showGenerateKeySheet = false
+                    }
                 }
                 onCancel: editor.showGenerateKeySheet = false
             }
@@ -490,7 +501,19 @@ Rectangle {
             Layout.margins: 14
             Layout.leftMargin: 20
             Layout.rightMargin: 20
-            Item { Layout.fillWidth: true }
+            Text {
+                objectName: "saveError"
+                Layout.fillWidth: true
+                visible: editor.saveError.length > 0
+                text: editor.saveError
+                font: Theme.subheadline
+                color: Theme.red
+                wrapMode: Text.Wrap
+            }
+            Item {
+                visible: editor.saveError.length === 0
+                Layout.fillWidth: true
+            }
             SheetButton {
                 objectName: "saveButton"
                 text: "Save"

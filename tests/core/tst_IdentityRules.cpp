@@ -288,7 +288,7 @@ private slots:
         const QString repo = newRepository(QStringLiteral("work/app"));
         GitProfile edited = m_work;
         edited.gitEmail = QStringLiteral("ada@new.example");
-        QVERIFY(ProfileEdits::replaceProfile(*m_manager, edited));
+        QCOMPARE(ProfileEdits::replaceProfile(*m_manager, edited), ProfileEdits::Replaced::Saved);
         QCOMPARE(author(repo), identity(edited));
     }
 
