@@ -260,17 +260,36 @@ std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& 
     if (command == QLatin1String("edit") && args.contains(QLatin1String("--ai-key-stdin"))) {
         request.insert(QStringLiteral("input"), input());
     }
-    const auto reply = InstanceChannel::send(request, 60000);
-    if (!reply) {
+    // The application waits for git while it switches; a minute is far beyond any switch.
+    const int seconds = qEnvironmentVariableIsSet("KIVORA_ANSWER_TIMEOUT")
+                            ? std::max(1, qEnvironmentVariableIntValue("KIVORA_ANSWER_TIMEOUT"))
+                            : 60;
+    const auto answer = InstanceChannel::ask(request, seconds * 1000);
+    switch (answer.kind) {
+    case InstanceChannel::Answer::Kind::NotRunning:
         return std::nullopt;
+    case InstanceChannel::Answer::Kind::Foreign:
+        m_err << "kivora: the socket " << InstanceChannel::socketPath()
+              << " belongs to a process of another user, not to your Kivora; it was left alone.\n";
+        m_err.flush();
+        return std::nullopt;
+    case InstanceChannel::Answer::Kind::NoAnswer:
+        // The application may have made the change, or may still make it: doing it here too
+        // could make it twice.
+        return fail(QStringLiteral("the running Kivora did not answer within %1 seconds; the "
+                                   "change was not made here, see kivora list for what it did.")
+                        .arg(seconds));
+    case InstanceChannel::Answer::Kind::Answered:
+        break;
     }
-    if (!reply->value(QStringLiteral("ok")).toBool()) {
+    const QJsonObject& reply = answer.reply;
+    if (!reply.value(QStringLiteral("ok")).toBool()) {
         return fail(QStringLiteral("the running Kivora did not take the command: %1.")
-                        .arg(reply->value(QStringLiteral("error")).toString()));
+                        .arg(reply.value(QStringLiteral("error")).toString()));
     }
-    m_out << reply->value(QStringLiteral("out")).toString();
-    m_err << reply->value(QStringLiteral("err")).toString();
-    return reply->value(QStringLiteral("status")).toInt(Failure);
+    m_out << reply.value(QStringLiteral("out")).toString();
+    m_err << reply.value(QStringLiteral("err")).toString();
+    return reply.value(QStringLiteral("status")).toInt(Failure);
 }
 
 QString KivoraCli::input()
