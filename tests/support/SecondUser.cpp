@@ -78,7 +78,7 @@ std::unique_ptr<QProcess> SecondUser::start(const QStringList& command) const
 }
 
 int SecondUser::run(const QStringList& command, const QByteArray& input, QByteArray* out,
-                    int timeoutMs) const
+                    QByteArray* err, int timeoutMs) const
 {
     QProcess process;
     process.start(QStringLiteral("/usr/bin/setpriv"), arguments(command));
@@ -91,6 +91,9 @@ int SecondUser::run(const QStringList& command, const QByteArray& input, QByteAr
     }
     if (out) {
         *out = process.readAllStandardOutput();
+    }
+    if (err) {
+        *err = process.readAllStandardError();
     }
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }

@@ -29,7 +29,7 @@ public:
     // Runs `command` as this user and waits for it; its exit status, -1 when it did not end
     // normally within the time.
     int run(const QStringList& command, const QByteArray& input = {}, QByteArray* out = nullptr,
-            int timeoutMs = 60000) const;
+            QByteArray* err = nullptr, int timeoutMs = 60000) const;
 
 private:
     QStringList arguments(const QStringList& command) const;
