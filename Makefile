@@ -47,6 +47,10 @@ test: check-format test-core test-asan
 bench: build
 	$(BUILD)/bench/kivora-bench
 	@echo
+	@echo "command lines writing at the same time (no application running)"
+	@bench/parallel-writers.sh $(BUILD)/cli/kivora 2 200
+	@bench/parallel-writers.sh $(BUILD)/cli/kivora 4 200
+	@echo
 	@echo "tray application (private X display; start, popover and memory figures)"
 	@if command -v Xvfb >/dev/null && command -v trayer >/dev/null && command -v xdotool >/dev/null; then \
 		app/measure.sh $(BUILD)/app/kivora-app; \
