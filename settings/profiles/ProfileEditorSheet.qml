@@ -117,21 +117,22 @@ Rectangle {
     }
 
     // Runs ssh-keygen (the interface waits for it). A new key's path goes into the form, and
-    // half a second later its public key is put on the clipboard. The form's values are
-    // reset whatever happened.
+    // half a second later its public key is put on the clipboard; the form's values are reset.
+    // A failed run keeps them: the form stays open with the reason, to be corrected.
     function generateSSHKey(): bool {
         const fileName = keyGeneration.keyFileName(editor.keyFilename)
         const keyPath = keyGeneration.generate(editor.gitEmail, editor.keyFilename,
                                                editor.usePassphrase, editor.passphrase)
-        if (keyPath.length > 0) {
-            editor.sshKeyPath = keyPath
-            editor.pendingPublicKey = fileName
-            copyTimer.restart()
+        if (keyPath.length === 0) {
+            return false
         }
+        editor.sshKeyPath = keyPath
+        editor.pendingPublicKey = fileName
+        copyTimer.restart()
         editor.keyFilename = ""
         editor.usePassphrase = false
         editor.passphrase = ""
-        return keyPath.length > 0
+        return true
     }
 
     // Scrolls the form so that the item (one of its fields or buttons) is in view.
@@ -496,24 +497,26 @@ Rectangle {
 
         Divider { Layout.fillWidth: true }
 
+        // Why the profile could not be stored; the sheet stays open.
+        Text {
+            objectName: "saveError"
+            Layout.fillWidth: true
+            Layout.topMargin: 10
+            Layout.leftMargin: 20
+            Layout.rightMargin: 20
+            visible: editor.saveError.length > 0
+            text: editor.saveError
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.Wrap
+        }
+
         RowLayout {
             Layout.fillWidth: true
             Layout.margins: 14
             Layout.leftMargin: 20
             Layout.rightMargin: 20
-            Text {
-                objectName: "saveError"
-                Layout.fillWidth: true
-                visible: editor.saveError.length > 0
-                text: editor.saveError
-                font: Theme.subheadline
-                color: Theme.red
-                wrapMode: Text.Wrap
-            }
-            Item {
-                visible: editor.saveError.length === 0
-                Layout.fillWidth: true
-            }
+            Item { Layout.fillWidth: true }
             SheetButton {
                 objectName: "saveButton"
                 text: "Save"
