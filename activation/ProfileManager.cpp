@@ -23,7 +23,8 @@ ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, pare
 
 ProfileManager::ProfileManager(Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
-      m_shell(m_home, m_runner), m_store(m_home), m_lock(m_store.folder()), m_signingStore(m_home),
+      m_shell(m_home, m_runner), m_store(m_home), m_lock(m_store.folder()),
+      m_lockTimeoutMs(options.lockTimeoutMs), m_signingStore(m_home),
       m_signing(m_home, options.programs), m_aiContext(options.aiContext),
       m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
@@ -209,7 +210,7 @@ bool ProfileManager::locked(const std::function<bool()>& work, QString* error)
         // full, not a folder): nobody can save there, so the work goes ahead unlocked and its
         // save fails with the true reason. Only a lock that another process holds too long
         // stops it here.
-        if (m_lock.lock(&why) == ProfileLock::Outcome::Busy) {
+        if (m_lock.lock(&why, m_lockTimeoutMs) == ProfileLock::Outcome::Busy) {
             if (error) {
                 *error = saveFailure(why);
             }

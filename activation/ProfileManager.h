@@ -42,6 +42,8 @@ public:
         bool restoreAIContext = true;
         // A command that shows no global identity can skip reading it from git.
         bool readGlobalIdentity = true;
+        // How long a change waits for another writer to let go of the profile file.
+        int lockTimeoutMs = ProfileLock::defaultTimeoutMs;
     };
 
     explicit ProfileManager(QObject* parent = nullptr);
@@ -152,6 +154,7 @@ private:
     ShellIntegration m_shell;
     ProfileStore m_store;
     ProfileLock m_lock;
+    int m_lockTimeoutMs;
     int m_lockDepth = 0;
     // The list in memory is exactly what the file holds (read or written last).
     bool m_inSync = false;

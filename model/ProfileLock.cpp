@@ -73,10 +73,12 @@ ProfileLock::Outcome ProfileLock::lock(QString* error, int timeoutMs)
         if (code != EWOULDBLOCK || waited.elapsed() >= timeoutMs) {
             ::close(fd);
             if (error) {
+                const int seconds = (timeoutMs + 999) / 1000;
                 *error = code == EWOULDBLOCK
                              ? QStringLiteral("another Kivora process kept them locked for %1 "
-                                              "seconds")
-                                   .arg(timeoutMs / 1000)
+                                              "second%2")
+                                   .arg(seconds)
+                                   .arg(seconds == 1 ? QString() : QStringLiteral("s"))
                              : reason(code);
             }
             return code == EWOULDBLOCK ? Outcome::Busy : Outcome::Unavailable;
