@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -159,6 +160,34 @@ private slots:
         QCOMPARE(storedNames(),
                  (QStringList{QStringLiteral("Home Box"), QStringLiteral("Home Box")}));
         QCOMPARE(m_app->state(), QProcess::Running);
+    }
+
+    // A command line that cannot reach the application (another session's runtime folder)
+    // writes the file itself; the application's next change builds on it instead of
+    // overwriting it with its older list.
+    void changesMadeBesideTheApplicationAreKept()
+    {
+        const QStringList before = storedNames();
+        QTemporaryDir elsewhere;
+        QVERIFY(QFile::setPermissions(elsewhere.path(), QFileDevice::Permissions(0x7000)));
+        QProcess beside;
+        QProcessEnvironment env = m_x->environment();
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), elsewhere.path());
+        beside.setProcessEnvironment(env);
+        beside.start(qEnvironmentVariable("KIVORA_CLI"),
+                     {QStringLiteral("add"), QStringLiteral("beside"), QStringLiteral("--git-name"),
+                      QStringLiteral("B"), QStringLiteral("--git-email"), QStringLiteral("b@x")});
+        QVERIFY(beside.waitForFinished(60000));
+        QCOMPARE(beside.exitCode(), 0);
+        const QStringList beside1 = before + QStringList{QStringLiteral("Beside")};
+        QCOMPARE(storedNames(), beside1);
+
+        const Result r =
+            kivora({QStringLiteral("add"), QStringLiteral("through"), QStringLiteral("--git-name"),
+                    QStringLiteral("T"), QStringLiteral("--git-email"), QStringLiteral("t@x")});
+        QCOMPARE(r.status, 0);
+        const QStringList both = beside1 + QStringList{QStringLiteral("Through")};
+        QCOMPARE(storedNames(), both);
     }
 
     // The socket takes only what changes profiles: a listing or an export (API keys and all)
