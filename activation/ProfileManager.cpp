@@ -297,6 +297,8 @@ void ProfileManager::syncAllowedSigners() const
     const auto signing = m_signingStore.load();
     if (!signing.isEmpty() || QFileInfo::exists(m_signing.allowedSignersPath())) {
         m_signing.refreshAllowedSigners(m_profiles, signing);
+        // Pointing git at the allowed signers may append a section after the rules' include.
+        RuleSync(m_home).keepIncludeLast();
     }
 }
 
@@ -437,11 +439,14 @@ bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSett
     bool ok = true;
     if (m_activeProfileID == id) {
         ok = m_signing.apply(settings, error);
-        RuleSync(m_home).keepIncludeLast();
     }
     // The profile's rule includes carry its signing too.
-    RuleSync(m_home).refresh(m_profiles);
-    return m_signing.writeAllowedSigners(m_profiles, m_signingStore.load(), error) && ok;
+    const RuleSync rules(m_home);
+    rules.refresh(m_profiles);
+    ok = m_signing.writeAllowedSigners(m_profiles, m_signingStore.load(), error) && ok;
+    // Signing settings git had to put in new sections go before the rules' include.
+    rules.keepIncludeLast();
+    return ok;
 }
 
 void ProfileManager::openTerminal(const GitProfile& profile)
