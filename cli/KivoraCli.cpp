@@ -428,7 +428,7 @@ int KivoraCli::use(const QStringList& args)
     ProfileManager& profiles = manager();
     QString why;
     if (!profiles.applyGlobally(*profile, &why)) {
-        return fail(why + u'.');
+        return fail(printable(why) + u'.');
     }
     // git may also be missing, or leave the values to a file it includes that says otherwise.
     if (profiles.globalGitName() != profile->gitName.trimmed() ||
@@ -464,7 +464,7 @@ int KivoraCli::add(const QStringList& args)
     const auto added = manager().addProfile(name, parser.value(gitName), parser.value(gitEmail),
                                             parser.value(sshKey), &why);
     if (!added) {
-        return fail(why + QStringLiteral("; nothing was added."));
+        return fail(printable(why) + QStringLiteral("; nothing was added."));
     }
     m_out << "Added profile " << printable(added->name) << ".\n";
     return Success;
@@ -626,7 +626,7 @@ int KivoraCli::edit(const QStringList& args)
         case ProfileEdits::Replaced::Gone:
             return fail(QStringLiteral("the profile is gone; nothing was saved."));
         case ProfileEdits::Replaced::Failed:
-            return fail(why + QStringLiteral("; nothing was saved."));
+            return fail(printable(why) + QStringLiteral("; nothing was saved."));
         }
     }
     const AIConfig& config = profile->aiConfig;
@@ -668,7 +668,8 @@ int KivoraCli::remove(const QStringList& args)
     }
     const auto deletion = ProfileEdits::deleteProfile(manager(), *profile, parser.isSet(deleteKey));
     if (!deletion.saved) {
-        return fail(deletion.error + QStringLiteral("; the profile and its key files were kept."));
+        return fail(printable(deletion.error) +
+                    QStringLiteral("; the profile and its key files were kept."));
     }
     m_out << "Removed profile " << printable(profile->name) << ".\n";
     for (const QString& file : deletion.removed) {
@@ -729,7 +730,7 @@ int KivoraCli::importProfiles(const QStringList& args)
     }
     // One save for the whole file: a kill or a full disk leaves all of it or none.
     if (!manager().addProfiles(*profiles, &why)) {
-        return fail(why + QStringLiteral("; nothing was imported."));
+        return fail(printable(why) + QStringLiteral("; nothing was imported."));
     }
     m_out << "Imported " << profiles->size() << " profile" << (profiles->size() == 1 ? "" : "s")
           << ".\n";
