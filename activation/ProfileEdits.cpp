@@ -4,57 +4,87 @@
 #include "activation/ProfileManager.h"
 #include "activation/RuleSync.h"
 
-QStringList ProfileEdits::deleteProfile(ProfileManager& manager, const GitProfile& profile,
-                                        bool deleteSSHKey, QStringList* refused)
+ProfileEdits::Deletion ProfileEdits::deleteProfile(ProfileManager& manager,
+                                                   const GitProfile& profile, bool deleteSSHKey)
 {
-    QStringList removed;
+    Deletion deletion;
+    deletion.saved = manager.change(
+        [&profile](QList<GitProfile>& profiles, std::optional<QUuid>& active) {
+            profiles.removeIf([&profile](const GitProfile& p) { return p.id == profile.id; });
+            if (active == profile.id) {
+                active.reset();
+            }
+        },
+        &deletion.error);
+    if (!deletion.saved) {
+        // The key files stay with the profile that names them.
+        return deletion;
+    }
     if (deleteSSHKey && !profile.sshKeyPath.isEmpty()) {
         const auto outcome = KeyFileRemoval::removeKeyPair(manager.home(), profile.sshKeyPath);
-        removed = outcome.removed;
-        if (refused) {
-            *refused = outcome.refused;
-        }
+        deletion.removed = outcome.removed;
+        deletion.refused = outcome.refused;
     }
-    QList<GitProfile> profiles = manager.profiles();
-    profiles.removeIf([&profile](const GitProfile& p) { return p.id == profile.id; });
-    manager.setProfiles(profiles);
-    if (manager.activeProfileID() == profile.id) {
-        manager.setActiveProfileID(std::nullopt);
-    }
-    manager.save();
     // Its rules and generated git configuration go with it.
     RuleSync(manager.home()).refresh(manager.profiles());
-    return removed;
+    return deletion;
 }
 
-bool ProfileEdits::replaceProfile(ProfileManager& manager, const GitProfile& profile)
+ProfileEdits::Replaced ProfileEdits::replaceProfile(ProfileManager& manager,
+                                                    const GitProfile& profile, QString* error)
 {
-    QList<GitProfile> profiles = manager.profiles();
-    for (GitProfile& existing : profiles) {
-        if (existing.id == profile.id) {
-            existing = profile;
-            manager.setProfiles(profiles);
-            manager.save();
-            // Repositories its rules reach take the edited identity at once.
-            RuleSync(manager.home()).refresh(manager.profiles());
-            return true;
-        }
+    return editProfile(
+        manager, profile.id, [&profile](GitProfile& stored) { stored = profile; }, error);
+}
+
+ProfileEdits::Replaced ProfileEdits::editProfile(ProfileManager& manager, const QUuid& id,
+                                                 const std::function<void(GitProfile&)>& edit,
+                                                 QString* error, GitProfile* edited)
+{
+    bool found = false;
+    const bool saved = manager.change(
+        [&](QList<GitProfile>& profiles, std::optional<QUuid>&) {
+            for (GitProfile& existing : profiles) {
+                if (existing.id == id) {
+                    edit(existing);
+                    if (edited) {
+                        *edited = existing;
+                    }
+                    found = true;
+                    return;
+                }
+            }
+        },
+        error);
+    if (!saved) {
+        return Replaced::Failed;
     }
-    return false;
+    if (!found) {
+        return Replaced::Gone;
+    }
+    // Repositories its rules reach take the edited identity at once.
+    RuleSync(manager.home()).refresh(manager.profiles());
+    return Replaced::Saved;
 }
 
-void ProfileEdits::appendProfile(ProfileManager& manager, const GitProfile& profile)
+bool ProfileEdits::appendProfile(ProfileManager& manager, const GitProfile& profile, QString* error)
 {
-    QList<GitProfile> profiles = manager.profiles();
-    profiles.append(profile);
-    manager.setProfiles(profiles);
-    manager.save();
+    return manager.change([&profile](QList<GitProfile>& profiles,
+                                     std::optional<QUuid>&) { profiles.append(profile); },
+                          error);
 }
 
-void ProfileEdits::addScannedKeys(ProfileManager& manager, const QList<ScannedKey>& keys)
+bool ProfileEdits::addScannedKeys(ProfileManager& manager, const QList<ScannedKey>& keys,
+                                  QString* error)
 {
+    QList<GitProfile> sources;
     for (const ScannedKey& key : keys) {
-        manager.addProfile(key.keyName, key.name, key.email,
-                           QStringLiteral("~/.ssh/") + key.keyName);
+        GitProfile source;
+        source.name = key.keyName;
+        source.gitName = key.name;
+        source.gitEmail = key.email;
+        source.sshKeyPath = QStringLiteral("~/.ssh/") + key.keyName;
+        sources.append(source);
     }
+    return manager.addProfiles(sources, error).has_value();
 }

@@ -8,6 +8,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 QString resolvedHome(const QString& home)
@@ -21,7 +23,8 @@ ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, pare
 
 ProfileManager::ProfileManager(Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
-      m_shell(m_home, m_runner), m_store(m_home), m_signingStore(m_home),
+      m_shell(m_home, m_runner), m_store(m_home), m_lock(m_store.folder()),
+      m_lockTimeoutMs(options.lockTimeoutMs), m_signingStore(m_home),
       m_signing(m_home, options.programs), m_aiContext(options.aiContext),
       m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
@@ -37,14 +40,37 @@ void ProfileManager::start()
 {
     m_store.removeLeftovers();
     m_shell.tidy();
-    if (auto stored = m_store.load(&m_loadError)) {
+    const auto loadStored = [this] {
+        auto stored = m_store.load(&m_loadError, &m_knownBytes);
+        if (!stored) {
+            return false;
+        }
         m_profiles = std::move(stored->profiles);
         m_activeProfileID = stored->activeProfileID;
         m_loadError.clear();
-    } else {
-        m_startedFresh = true;
-        m_preservedFilePath = m_store.preserveUnreadable();
-        setupOnFreshInstall();
+        m_inSync = true;
+        return true;
+    };
+    if (!loadStored()) {
+        // Set up afresh, unless another process did so a moment ago: with the file locked it
+        // is read once more.
+        QString why;
+        const bool ran = locked(
+            [&] {
+                if (!loadStored()) {
+                    m_startedFresh = true;
+                    m_preservedFilePath = m_store.preserveUnreadable();
+                    setupOnFreshInstall();
+                }
+                return true;
+            },
+            &why);
+        if (!ran) {
+            // Another process holds the lock for ever: start with no profiles rather than
+            // hang, and save nothing.
+            m_startedFresh = true;
+            m_setupSaveError = why;
+        }
     }
     if (m_readGlobalIdentity || m_startedFresh) {
         refreshGlobalConfig();
@@ -100,7 +126,10 @@ void ProfileManager::setupOnFreshInstall()
         setActiveProfileID(m_profiles.first().id);
         setNeedsProfileSetup(true);
     }
-    save();
+    QString why;
+    if (!store(m_profiles, m_activeProfileID, &why)) {
+        m_setupSaveError = why;
+    }
 }
 
 void ProfileManager::setProfiles(const QList<GitProfile>& profiles)
@@ -109,6 +138,7 @@ void ProfileManager::setProfiles(const QList<GitProfile>& profiles)
         return;
     }
     m_profiles = profiles;
+    m_inSync = false;
     emit profilesChanged();
 }
 
@@ -118,6 +148,7 @@ void ProfileManager::setActiveProfileID(const std::optional<QUuid>& id)
         return;
     }
     m_activeProfileID = id;
+    m_inSync = false;
     emit activeProfileIDChanged();
 }
 
@@ -166,11 +197,98 @@ void ProfileManager::setGlobalGitEmail(const QString& email)
     emit globalGitEmailChanged();
 }
 
+QString ProfileManager::saveFailure(const QString& reason) const
+{
+    return QStringLiteral("the profiles could not be saved to %1 (%2)").arg(m_store.path(), reason);
+}
+
+bool ProfileManager::locked(const std::function<bool()>& work, QString* error)
+{
+    if (m_lockDepth == 0) {
+        QString why;
+        // A lock file that cannot even be made means the folder cannot be written (read-only,
+        // full, not a folder): nobody can save there, so the work goes ahead unlocked and its
+        // save fails with the true reason. Only a lock that another process holds too long
+        // stops it here.
+        if (m_lock.lock(&why, m_lockTimeoutMs) == ProfileLock::Outcome::Busy) {
+            if (error) {
+                *error = saveFailure(why);
+            }
+            return false;
+        }
+    }
+    ++m_lockDepth;
+    const bool done = work();
+    if (--m_lockDepth == 0) {
+        m_lock.unlock();
+    }
+    return done;
+}
+
+void ProfileManager::readStoredChanges()
+{
+    QByteArray bytes;
+    const auto stored = m_store.load(nullptr, &bytes);
+    if (stored && bytes == m_knownBytes) {
+        return; // nobody else wrote it since
+    }
+    if (stored) {
+        setProfiles(stored->profiles);
+        setActiveProfileID(stored->activeProfileID);
+        m_knownBytes = bytes;
+        m_inSync = true;
+        return;
+    }
+    // Gone or unreadable: the list here stands, and the next save writes it. What stands
+    // there unreadable is kept aside first.
+    m_inSync = false;
+    m_knownBytes.clear();
+    if (m_store.exists()) {
+        m_store.preserveUnreadable();
+    }
+}
+
+bool ProfileManager::store(const QList<GitProfile>& profiles, const std::optional<QUuid>& active,
+                           QString* error)
+{
+    QString why;
+    QByteArray written;
+    if (!m_store.save(StoredData{profiles, active}, &why, &written)) {
+        if (error) {
+            *error = saveFailure(why);
+        }
+        return false;
+    }
+    setProfiles(profiles);
+    setActiveProfileID(active);
+    m_knownBytes = written;
+    m_inSync = true;
+    syncAllowedSigners();
+    return true;
+}
+
+bool ProfileManager::change(const Change& edit, QString* error)
+{
+    return locked(
+        [&] {
+            // Only the outermost change reads the file: inside it, the list is already fresh.
+            if (m_lockDepth == 1) {
+                readStoredChanges();
+            }
+            QList<GitProfile> profiles = m_profiles;
+            std::optional<QUuid> active = m_activeProfileID;
+            edit(profiles, active);
+            if (m_inSync && profiles == m_profiles && active == m_activeProfileID) {
+                return true;
+            }
+            return store(profiles, active, error);
+        },
+        error);
+}
+
 bool ProfileManager::save()
 {
-    const bool saved = m_store.save(StoredData{m_profiles, m_activeProfileID});
-    syncAllowedSigners();
-    return saved;
+    return locked([this] { return store(m_profiles, m_activeProfileID, nullptr); }, nullptr);
 }
 
 void ProfileManager::syncAllowedSigners() const
@@ -179,6 +297,8 @@ void ProfileManager::syncAllowedSigners() const
     const auto signing = m_signingStore.load();
     if (!signing.isEmpty() || QFileInfo::exists(m_signing.allowedSignersPath())) {
         m_signing.refreshAllowedSigners(m_profiles, signing);
+        // Pointing git at the allowed signers may append a section after the rules' include.
+        RuleSync(m_home).keepIncludeLast();
     }
 }
 
@@ -192,20 +312,80 @@ void ProfileManager::refreshGlobalConfig()
     setGlobalGitEmail(values.value(1).value_or(QString()));
 }
 
-void ProfileManager::applyGlobally(const GitProfile& profile)
+bool ProfileManager::applyGlobally(const GitProfile& requested, QString* error)
+{
+    QString failure;
+    const auto note = [&failure](const QString& sentence) {
+        if (failure.isEmpty()) {
+            failure = sentence;
+        }
+    };
+    const auto listed = [this](const QUuid& id) {
+        return std::any_of(m_profiles.cbegin(), m_profiles.cend(),
+                           [&id](const GitProfile& p) { return p.id == id; });
+    };
+    const bool done = locked(
+        [&] {
+            const bool wasListed = listed(requested.id);
+            if (m_lockDepth == 1) {
+                readStoredChanges();
+            }
+            if (wasListed && !listed(requested.id)) {
+                note(QStringLiteral("\"%1\" was removed meanwhile; nothing was changed")
+                         .arg(requested.name));
+                return false;
+            }
+            // What another process saved for this profile meanwhile is what gets applied; two
+            // profiles may share an id, so the very one asked for is kept when it is there.
+            GitProfile profile = requested;
+            if (!m_profiles.contains(requested)) {
+                for (const GitProfile& p : m_profiles) {
+                    if (p.id == requested.id) {
+                        profile = p;
+                        break;
+                    }
+                }
+            }
+            activate(profile, note);
+            QString why;
+            if (!change([&profile](QList<GitProfile>&,
+                                   std::optional<QUuid>& active) { active = profile.id; },
+                        &why)) {
+                note(why);
+            }
+            refreshGlobalConfig();
+            return true;
+        },
+        &failure);
+    if (!failure.isEmpty() && error) {
+        *error = failure;
+    }
+    return done && failure.isEmpty();
+}
+
+void ProfileManager::activate(const GitProfile& profile,
+                              const std::function<void(const QString&)>& note)
 {
     const QString git = QStringLiteral("git");
     const QString config = QStringLiteral("config");
     const QString global = QStringLiteral("--global");
-    m_runner.run({git, config, global, QStringLiteral("user.name"), profile.gitName});
-    m_runner.run({git, config, global, QStringLiteral("user.email"), profile.gitEmail});
+    const auto gitSet = [&](const QString& key, const QString& value) {
+        if (const auto why = m_runner.attempt({git, config, global, key, value})) {
+            note(QStringLiteral("git did not take the new identity (%1)").arg(*why));
+        }
+    };
+    gitSet(QStringLiteral("user.name"), profile.gitName);
+    gitSet(QStringLiteral("user.email"), profile.gitEmail);
     if (!profile.sshKeyPath.isEmpty()) {
         const QString key = HomePath::expandTilde(profile.sshKeyPath);
-        m_shell.ensureSSHWrapper();
+        QString why;
+        if (!m_shell.ensureSSHWrapper(&why)) {
+            note(why);
+        }
         // git runs the value through a shell: ordinary paths stand as they are, and a path
         // with a blank or any character a shell acts on is quoted so it stays one path.
-        m_runner.run({git, config, global, QStringLiteral("core.sshCommand"),
-                      ShellIntegration::sshCommand(m_shell.wrapperPath(), key)});
+        gitSet(QStringLiteral("core.sshCommand"),
+               ShellIntegration::sshCommand(m_shell.wrapperPath(), key));
     }
     // Without a key the previous core.sshCommand stays in force.
     const auto signing = m_signingStore.load();
@@ -215,22 +395,39 @@ void ProfileManager::applyGlobally(const GitProfile& profile)
     m_signing.writeAllowedSigners(m_profiles, signing);
     // git appends a [user] section it had to create after the rules' include; move that back.
     RuleSync(m_home).keepIncludeLast();
-    m_shell.ensureAIEnvFile(profile);
+    QString why;
+    if (!m_shell.ensureAIEnvFile(profile, &why)) {
+        note(why);
+    }
     aiContext().applyAIContext(profile);
-    setActiveProfileID(profile.id);
-    save();
-    refreshGlobalConfig();
 }
 
-GitProfile ProfileManager::addProfile(const QString& name, const QString& gitName,
-                                      const QString& gitEmail, const QString& sshKeyPath)
+std::optional<GitProfile> ProfileManager::addProfile(const QString& name, const QString& gitName,
+                                                     const QString& gitEmail,
+                                                     const QString& sshKeyPath, QString* error)
 {
-    const GitProfile profile = GitProfile::create(displayName(name), gitName, gitEmail, sshKeyPath);
-    QList<GitProfile> profiles = m_profiles;
-    profiles.append(profile);
-    setProfiles(profiles);
-    save();
-    return profile;
+    GitProfile source;
+    source.name = name;
+    source.gitName = gitName;
+    source.gitEmail = gitEmail;
+    source.sshKeyPath = sshKeyPath;
+    const auto added = addProfiles({source}, error);
+    return added ? std::optional<GitProfile>(added->first()) : std::nullopt;
+}
+
+std::optional<QList<GitProfile>> ProfileManager::addProfiles(const QList<GitProfile>& sources,
+                                                             QString* error)
+{
+    QList<GitProfile> made;
+    made.reserve(sources.size());
+    for (const GitProfile& source : sources) {
+        made.append(GitProfile::create(displayName(source.name), source.gitName, source.gitEmail,
+                                       source.sshKeyPath));
+    }
+    const bool saved = change(
+        [&made](QList<GitProfile>& profiles, std::optional<QUuid>&) { profiles.append(made); },
+        error);
+    return saved ? std::optional<QList<GitProfile>>(made) : std::nullopt;
 }
 
 bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSettings>& settings,
@@ -242,11 +439,14 @@ bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSett
     bool ok = true;
     if (m_activeProfileID == id) {
         ok = m_signing.apply(settings, error);
-        RuleSync(m_home).keepIncludeLast();
     }
     // The profile's rule includes carry its signing too.
-    RuleSync(m_home).refresh(m_profiles);
-    return m_signing.writeAllowedSigners(m_profiles, m_signingStore.load(), error) && ok;
+    const RuleSync rules(m_home);
+    rules.refresh(m_profiles);
+    ok = m_signing.writeAllowedSigners(m_profiles, m_signingStore.load(), error) && ok;
+    // Signing settings git had to put in new sections go before the rules' include.
+    rules.keepIncludeLast();
+    return ok;
 }
 
 void ProfileManager::openTerminal(const GitProfile& profile)

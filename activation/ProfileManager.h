@@ -5,6 +5,7 @@
 #include "activation/ShellIntegration.h"
 #include "activation/SigningStore.h"
 #include "model/GitProfile.h"
+#include "model/ProfileLock.h"
 #include "model/ProfileStore.h"
 
 #include <QList>
@@ -12,12 +13,16 @@
 #include <QString>
 #include <QUuid>
 
+#include <functional>
 #include <optional>
 
 class AIContextManager;
 
 // Owns the profile list, the active profile and every side effect of switching identity.
-// The in-memory state is authoritative; the profile file mirrors it after each save().
+// Its list mirrors the profile file. Other processes (command lines, a second session) may
+// write that file too, so every change is made under the profile lock on what the file holds
+// at that moment: the list is read again first, taking over what others saved, the change is
+// applied to it and the result saved. A stale list never overwrites a newer file.
 class ProfileManager : public QObject {
     Q_OBJECT
     Q_PROPERTY(QList<GitProfile> profiles READ profiles WRITE setProfiles NOTIFY profilesChanged)
@@ -37,12 +42,15 @@ public:
         bool restoreAIContext = true;
         // A command that shows no global identity can skip reading it from git.
         bool readGlobalIdentity = true;
+        // How long a change waits for another writer to let go of the profile file.
+        int lockTimeoutMs = ProfileLock::defaultTimeoutMs;
     };
 
     explicit ProfileManager(QObject* parent = nullptr);
     explicit ProfileManager(Options options, QObject* parent = nullptr);
 
     const QList<GitProfile>& profiles() const { return m_profiles; }
+    // Changes the list in memory only; save() writes it.
     void setProfiles(const QList<GitProfile>& profiles);
 
     const std::optional<QUuid>& activeProfileID() const { return m_activeProfileID; }
@@ -62,16 +70,45 @@ public:
     bool startedFresh() const { return m_startedFresh; }
     QString loadError() const { return m_loadError; }
     QString preservedFilePath() const { return m_preservedFilePath; }
+    // Why the profiles first-run set-up made could not be saved; empty when they were (or
+    // when the file was read).
+    QString setupSaveError() const { return m_setupSaveError; }
 
     QString home() const { return m_home; }
     const ShellIntegration& shellIntegration() const { return m_shell; }
     const CommandRunner& runner() const { return m_runner; }
 
+    // A change of the list and the active id, given the current ones to edit in place.
+    using Change = std::function<void(QList<GitProfile>& profiles, std::optional<QUuid>& active)>;
+
+    // Makes one change safely against other writers: with the profile file locked, what
+    // another process saved since becomes the list (a missing or unreadable file leaves the
+    // list as it is, an unreadable one kept aside first), the change is applied and the result
+    // saved; a change that changes nothing saves nothing. Unsaved changes made with setProfiles()
+    // stand as long as nobody else changed the file; otherwise the file wins. False when the file
+    // could not be locked or written: then the list stays as the file has it, and `error` gets one
+    // sentence without its final full stop ("the profiles could not be saved to … (Read-only file
+    // system)").
+    bool change(const Change& change, QString* error = nullptr);
+
+    // Writes the list and active id in memory as they are (under the lock, but without
+    // reading the file first: what was set with setProfiles() wins over what others saved).
     Q_INVOKABLE bool save();
     Q_INVOKABLE void refreshGlobalConfig();
-    void applyGlobally(const GitProfile& profile);
-    GitProfile addProfile(const QString& name, const QString& gitName, const QString& gitEmail,
-                          const QString& sshKeyPath);
+    // Activates the profile. With the file locked, the list is read again first; a profile
+    // that another process removed meanwhile is not applied. Every step runs even when one
+    // fails (git's own settings may be unwritable); false, with the first failure as one
+    // sentence in `error`, when git, the files of ~/.kivora or the profile file could not be
+    // written.
+    bool applyGlobally(const GitProfile& profile, QString* error = nullptr);
+    // Appends a new profile (fresh id, display name by displayName(), no AI settings) and
+    // saves; nothing when it could not be saved.
+    std::optional<GitProfile> addProfile(const QString& name, const QString& gitName,
+                                         const QString& gitEmail, const QString& sshKeyPath,
+                                         QString* error = nullptr);
+    // The same for several at once, in order, with one save: all or none are added.
+    std::optional<QList<GitProfile>> addProfiles(const QList<GitProfile>& sources,
+                                                 QString* error = nullptr);
     Q_INVOKABLE void openTerminal(const GitProfile& profile);
 
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
@@ -92,8 +129,20 @@ signals:
     void needsProfileSetupChanged();
 
 private:
+    // Runs `work` with the profile file locked; nested calls share the lock. False when the
+    // lock could not be had (`error` says why) or `work` returned false.
+    bool locked(const std::function<bool()>& work, QString* error);
+    // Takes over what the file holds now, when another process changed it and it can be read.
+    void readStoredChanges();
+    // Saves the list and active id; afterwards they are the state in memory.
+    bool store(const QList<GitProfile>& profiles, const std::optional<QUuid>& active,
+               QString* error);
+    QString saveFailure(const QString& reason) const;
     void start();
     void restoreAIContext();
+    // The side effects of an activation: git's settings, the wrapper, the AI environment file
+    // and this process's environment. Each failure goes to `note` as one sentence.
+    void activate(const GitProfile& profile, const std::function<void(const QString&)>& note);
     void syncAllowedSigners() const;
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
@@ -104,6 +153,14 @@ private:
     CommandRunner m_runner;
     ShellIntegration m_shell;
     ProfileStore m_store;
+    ProfileLock m_lock;
+    int m_lockTimeoutMs;
+    int m_lockDepth = 0;
+    // The list in memory is exactly what the file holds (read or written last).
+    bool m_inSync = false;
+    // The file's bytes as this manager last read or wrote them: a file that still holds them
+    // has not been changed by anyone else since.
+    QByteArray m_knownBytes;
     SigningStore m_signingStore;
     CommitSigning m_signing;
     AIContextManager* m_aiContext;
@@ -119,4 +176,5 @@ private:
     bool m_startedFresh = false;
     QString m_loadError;
     QString m_preservedFilePath;
+    QString m_setupSaveError;
 };

@@ -1,5 +1,6 @@
 #include "CliBench.h"
 #include "CoreBench.h"
+#include "ImportBench.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -15,5 +16,7 @@ int main(int argc, char* argv[])
     CoreBench(out).run();
     out << "\n";
     CliBench(out).run();
+    out << "\n";
+    ImportBench(out).run();
     return 0;
 }

@@ -117,6 +117,19 @@ Item {
             }
         }
 
+        // Why the last switch or deletion did not go through.
+        Text {
+            objectName: "actionError"
+            Layout.fillWidth: true
+            Layout.leftMargin: 8
+            Layout.rightMargin: 8
+            visible: profileModel.error.length > 0
+            text: profileModel.error
+            font: Theme.caption
+            color: Theme.red
+            wrapMode: Text.Wrap
+        }
+
         Divider { Layout.fillWidth: true }
 
         ColumnLayout {

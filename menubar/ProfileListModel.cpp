@@ -1,5 +1,7 @@
 #include "menubar/ProfileListModel.h"
 
+#include "model/Sentence.h"
+
 ProfileListModel::ProfileListModel(QObject* parent) : QAbstractListModel(parent) {}
 
 void ProfileListModel::setManager(ProfileManager* manager)
@@ -108,27 +110,33 @@ bool ProfileListModel::activate(const QString& id)
     if (!chosen) {
         return false;
     }
-    m_manager->applyGlobally(*chosen);
-    return true;
+    QString why;
+    const bool applied = m_manager->applyGlobally(*chosen, &why);
+    setError(applied ? QString() : Sentence::of(why));
+    return applied;
 }
 
 bool ProfileListModel::remove(const QString& id)
 {
-    if (!m_manager) {
+    if (!m_manager || !profile(id)) {
         return false;
     }
-    QList<GitProfile> kept;
-    for (const GitProfile& candidate : m_manager->profiles()) {
-        if (candidate.idText() != id) {
-            kept << candidate;
-        }
+    QString why;
+    const bool saved = m_manager->change(
+        [&id](QList<GitProfile>& profiles, std::optional<QUuid>&) {
+            profiles.removeIf([&id](const GitProfile& p) { return p.idText() == id; });
+        },
+        &why);
+    setError(saved ? QString() : Sentence::of(why));
+    return saved;
+}
+
+void ProfileListModel::setError(const QString& error)
+{
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
     }
-    if (kept.size() == m_manager->profiles().size()) {
-        return false;
-    }
-    m_manager->setProfiles(kept);
-    m_manager->save();
-    return true;
 }
 
 bool ProfileListModel::openTerminal(const QString& id)

@@ -165,11 +165,31 @@ Item {
             color: Theme.separator
         }
 
-        SettingsPage {
-            objectName: "detail"
+        ColumnLayout {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            tab: view.selectedTab
+            spacing: 0
+
+            SettingsPage {
+                objectName: "detail"
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                tab: view.selectedTab
+            }
+
+            // Why the last export or import did nothing; a click puts it away.
+            Text {
+                objectName: "transferError"
+                Layout.fillWidth: true
+                Layout.margins: 12
+                visible: transfer.error.length > 0
+                text: transfer.error
+                font: Theme.subheadline
+                color: Theme.red
+                wrapMode: Text.Wrap
+
+                TapHandler { onTapped: transfer.error = "" }
+            }
         }
     }
 }

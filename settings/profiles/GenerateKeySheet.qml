@@ -10,6 +10,8 @@ Rectangle {
     property string keyFilename: ""
     property bool usePassphrase: false
     property string passphrase: ""
+    // Why the last attempt made no key (empty before one fails).
+    property string error: ""
 
     signal generate()
     signal cancel()
@@ -63,6 +65,16 @@ Rectangle {
             placeholderText: "Passphrase"
             text: sheet.passphrase
             onTextEdited: sheet.passphrase = text
+        }
+
+        Text {
+            objectName: "generateError"
+            Layout.fillWidth: true
+            visible: sheet.error.length > 0
+            text: sheet.error
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.Wrap
         }
 
         RowLayout {

@@ -2,6 +2,7 @@
 
 #include "activation/KeyFileRemoval.h"
 #include "activation/ProfileEdits.h"
+#include "model/Sentence.h"
 
 #include <QVariantMap>
 
@@ -30,11 +31,24 @@ GitProfile ProfileActions::profileAt(int index) const
     return m_manager->profiles().at(index);
 }
 
-void ProfileActions::activate(const GitProfile& profile)
+void ProfileActions::setError(const QString& phrase)
 {
-    if (m_manager) {
-        m_manager->applyGlobally(profile);
+    const QString error = Sentence::of(phrase);
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
     }
+}
+
+bool ProfileActions::activate(const GitProfile& profile)
+{
+    if (!m_manager) {
+        return false;
+    }
+    QString why;
+    const bool applied = m_manager->applyGlobally(profile, &why);
+    setError(why);
+    return applied;
 }
 
 QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
@@ -42,9 +56,9 @@ QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHK
     if (!m_manager) {
         return {};
     }
-    QStringList refused;
-    ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey, &refused);
-    return refused.join(u' ');
+    const auto deletion = ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey);
+    setError(deletion.error);
+    return deletion.refused.join(u' ');
 }
 
 QString ProfileActions::keySharedWith(const GitProfile& profile) const
@@ -64,22 +78,32 @@ QString ProfileActions::keySharedWith(const GitProfile& profile) const
     return names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
 
-void ProfileActions::addProfile(const GitProfile& profile)
+bool ProfileActions::addProfile(const GitProfile& profile)
 {
-    if (m_manager) {
-        ProfileEdits::appendProfile(*m_manager, profile);
+    if (!m_manager) {
+        return false;
     }
+    QString why;
+    const bool saved = ProfileEdits::appendProfile(*m_manager, profile, &why);
+    setError(why);
+    return saved;
 }
 
 bool ProfileActions::updateProfile(const GitProfile& profile)
 {
-    return m_manager && ProfileEdits::replaceProfile(*m_manager, profile);
+    if (!m_manager) {
+        return false;
+    }
+    QString why;
+    const auto outcome = ProfileEdits::replaceProfile(*m_manager, profile, &why);
+    setError(why);
+    return outcome == ProfileEdits::Replaced::Saved;
 }
 
-void ProfileActions::addScannedKeys(const QVariantList& entries)
+bool ProfileActions::addScannedKeys(const QVariantList& entries)
 {
     if (!m_manager || entries.isEmpty()) {
-        return;
+        return false;
     }
     QList<ProfileEdits::ScannedKey> keys;
     for (const QVariant& entry : entries) {
@@ -88,5 +112,8 @@ void ProfileActions::addScannedKeys(const QVariantList& entries)
                      fields.value(QStringLiteral("name")).toString(),
                      fields.value(QStringLiteral("email")).toString()});
     }
-    ProfileEdits::addScannedKeys(*m_manager, keys);
+    QString why;
+    const bool saved = ProfileEdits::addScannedKeys(*m_manager, keys, &why);
+    setError(why);
+    return saved;
 }

@@ -15,12 +15,16 @@ class ProfileActions : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
+    // Why the last action failed (git or the profile file could not be written), as one
+    // sentence; empty after one that worked.
+    Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
     explicit ProfileActions(QObject* parent = nullptr);
 
     ProfileManager* manager() const { return m_manager; }
     void setManager(ProfileManager* manager);
+    QString error() const { return m_error; }
 
     // The profile a new-profile editor starts from. It is made once per run of the program,
     // so every profile added through the editor in one run carries its id.
@@ -30,8 +34,9 @@ public:
     // The profile at a position of the list; an empty one past its end.
     Q_INVOKABLE GitProfile profileAt(int index) const;
 
-    // Makes the profile active and rewrites the global identity.
-    Q_INVOKABLE void activate(const GitProfile& profile);
+    // Makes the profile active and rewrites the global identity. False when git or a file
+    // could not be written.
+    Q_INVOKABLE bool activate(const GitProfile& profile);
     // Removes every profile with this profile's id; with `deleteSSHKey` its key file and the
     // ".pub" beside it go first (each on its own; a missing one does not matter, and only a
     // regular file inside ~/.ssh is ever removed). When the profile was active none is
@@ -41,17 +46,22 @@ public:
     // The names of the other profiles that use the same key file, joined for a sentence
     // ("Work", "Work and Home", "Work, Home and Lab"); empty when none does.
     Q_INVOKABLE QString keySharedWith(const GitProfile& profile) const;
-    // Appends the profile as it is, keeping its id.
-    Q_INVOKABLE void addProfile(const GitProfile& profile);
+    // Appends the profile as it is, keeping its id. False when it could not be saved.
+    Q_INVOKABLE bool addProfile(const GitProfile& profile);
     // Replaces the first profile with the same id in place. False, and nothing saved, when
-    // the id is no longer in the list.
+    // the id is no longer in the list or the file could not be written.
     Q_INVOKABLE bool updateProfile(const GitProfile& profile);
     // One new profile per entry ({keyName, name, email}), in order; an empty list does nothing.
-    Q_INVOKABLE void addScannedKeys(const QVariantList& entries);
+    // False when they could not be saved.
+    Q_INVOKABLE bool addScannedKeys(const QVariantList& entries);
 
 signals:
     void managerChanged();
+    void errorChanged();
 
 private:
+    void setError(const QString& phrase);
+
     QPointer<ProfileManager> m_manager;
+    QString m_error;
 };

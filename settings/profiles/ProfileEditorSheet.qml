@@ -14,6 +14,10 @@ Rectangle {
     // The profile edited (a gitProfile); for a new profile the shared empty template.
     property var profile
 
+    // Why the profile handed to `saved` could not be stored; set by the page that handles it,
+    // and the sheet then stays open with it.
+    property string saveError: ""
+
     // Emitted by Save with the finished profile; the sheet is dismissed right after.
     signal saved(var profile)
     signal dismissed()
@@ -89,6 +93,9 @@ Rectangle {
         // cannot be written the sheet stays open with the reason, and Save tries them again.
         if (!editor.profileSaved) {
             editor.saved(editor.composedProfile())
+            if (editor.saveError.length > 0) {
+                return
+            }
             editor.profileSaved = true
         }
         if (!rulesSection.commit()) {
@@ -110,20 +117,22 @@ Rectangle {
     }
 
     // Runs ssh-keygen (the interface waits for it). A new key's path goes into the form, and
-    // half a second later its public key is put on the clipboard. The form's values are
-    // reset whatever happened.
-    function generateSSHKey() {
+    // half a second later its public key is put on the clipboard; the form's values are reset.
+    // A failed run keeps them: the form stays open with the reason, to be corrected.
+    function generateSSHKey(): bool {
         const fileName = keyGeneration.keyFileName(editor.keyFilename)
         const keyPath = keyGeneration.generate(editor.gitEmail, editor.keyFilename,
                                                editor.usePassphrase, editor.passphrase)
-        if (keyPath.length > 0) {
-            editor.sshKeyPath = keyPath
-            editor.pendingPublicKey = fileName
-            copyTimer.restart()
+        if (keyPath.length === 0) {
+            return false
         }
+        editor.sshKeyPath = keyPath
+        editor.pendingPublicKey = fileName
+        copyTimer.restart()
         editor.keyFilename = ""
         editor.usePassphrase = false
         editor.passphrase = ""
+        return true
     }
 
     // Scrolls the form so that the item (one of its fields or buttons) is in view.
@@ -223,9 +232,12 @@ Rectangle {
                 onKeyFilenameChanged: editor.keyFilename = keyFilename
                 onUsePassphraseChanged: editor.usePassphrase = usePassphrase
                 onPassphraseChanged: editor.passphrase = passphrase
+                error: keyGeneration.error
+                // A failed generation keeps the sheet open with the reason.
                 onGenerate: {
-                    editor.generateSSHKey()
-                    editor.showGenerateKeySheet = false
+                    if (editor.generateSSHKey()) {
+                        editor.showGenerateKeySheet = false
+                    }
                 }
                 onCancel: editor.showGenerateKeySheet = false
             }
@@ -484,6 +496,20 @@ Rectangle {
         }
 
         Divider { Layout.fillWidth: true }
+
+        // Why the profile could not be stored; the sheet stays open.
+        Text {
+            objectName: "saveError"
+            Layout.fillWidth: true
+            Layout.topMargin: 10
+            Layout.leftMargin: 20
+            Layout.rightMargin: 20
+            visible: editor.saveError.length > 0
+            text: editor.saveError
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.Wrap
+        }
 
         RowLayout {
             Layout.fillWidth: true

@@ -17,6 +17,8 @@ SettingsContainer {
     property bool showScanSheet: false
     // Why key files were kept at the last deletion (empty when nothing was refused).
     property string keyDeletionMessage
+    // Why the open editor's profile could not be saved (empty until a save fails).
+    property string editorError
 
     readonly property int profileCount: profileModel.count
     readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
@@ -47,11 +49,13 @@ SettingsContainer {
         } else {
             actions.updateProfile(profile)
         }
+        page.editorError = actions.error
     }
 
     function closeEditor() {
         page.isAddingProfile = false
         page.editingProfile = null
+        page.editorError = ""
     }
 
     function addScannedKeys(entries: var) {
@@ -80,6 +84,7 @@ SettingsContainer {
                 id: editor
                 objectName: "profileEditorSheet"
                 profile: page.isAddingProfile ? actions.profileTemplate() : page.editingProfile
+                saveError: page.editorError
                 onSaved: profile => page.saveEditedProfile(profile)
                 onDismissed: page.closeEditor()
             }
@@ -141,6 +146,16 @@ SettingsContainer {
                 symbol: "plus"
                 onClicked: page.isAddingProfile = true
             }
+        }
+
+        Text {
+            objectName: "actionError"
+            Layout.fillWidth: true
+            visible: actions.error.length > 0
+            text: actions.error
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.WordWrap
         }
 
         Text {

@@ -2,6 +2,7 @@
 
 #include "activation/SSHKeyGenerator.h"
 #include "model/HomePath.h"
+#include "model/Sentence.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -16,14 +17,23 @@ QString SSHKeyGeneration::keyFileName(const QString& keyFilename) const
 }
 
 QString SSHKeyGeneration::generate(const QString& gitEmail, const QString& keyFilename,
-                                   bool usePassphrase, const QString& passphrase) const
+                                   bool usePassphrase, const QString& passphrase)
 {
     SSHKeyGenerator::Request request;
     request.gitEmail = gitEmail;
     request.keyFilename = keyFilename;
     request.usePassphrase = usePassphrase;
     request.passphrase = passphrase;
-    return SSHKeyGenerator::generate(request, HomePath::home()).sshKeyPath;
+    const auto result = SSHKeyGenerator::generate(request, HomePath::home());
+    const QString error =
+        result.outcome == SSHKeyGenerator::Outcome::Created
+            ? QString()
+            : Sentence::of(QStringLiteral("the key could not be generated: ") + result.error);
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
+    }
+    return result.sshKeyPath;
 }
 
 bool SSHKeyGeneration::copyPublicKeyToClipboard(const QString& fileName) const

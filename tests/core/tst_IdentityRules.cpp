@@ -259,6 +259,34 @@ private slots:
         QCOMPARE(author(repo), identity(m_work));
     }
 
+    void includeStaysLastWhenSigningAddsSettings()
+    {
+        // Giving a profile an SSH signing key makes Kivora point git at its allowed signers,
+        // a setting git appends as a new section: the rules' include still ends the file.
+        setRules({dirRule(m_work, QStringLiteral("work"))});
+        const QByteArray block =
+            GlobalGitConfig::includeBlock(path(QStringLiteral(".kivora/git/rules.gitconfig")));
+        m_home->write(QStringLiteral(".ssh/id_work.pub"), "ssh-ed25519 AAAAC3Nza work\n");
+        QString error;
+        QVERIFY2(m_manager->setSigning(m_work.id,
+                                       SigningSettings{QStringLiteral("~/.ssh/id_work.pub"),
+                                                       SigningSettings::Format::ssh, true},
+                                       &error),
+                 qPrintable(error));
+        QVERIFY(!m_home->gitConfig(QStringLiteral("gpg.ssh.allowedSignersFile")).isEmpty());
+        QVERIFY2(globalFile().endsWith(block), globalFile().constData());
+
+        // The same after a save that writes the allowed signers again.
+        QVERIFY(QFile::remove(path(QStringLiteral(".kivora/allowed_signers"))));
+        QCOMPARE(QProcess::execute(QStringLiteral("git"),
+                                   {QStringLiteral("config"), QStringLiteral("--global"),
+                                    QStringLiteral("--remove-section"), QStringLiteral("gpg.ssh")}),
+                 0);
+        QVERIFY(m_manager->save());
+        QVERIFY(!m_home->gitConfig(QStringLiteral("gpg.ssh.allowedSignersFile")).isEmpty());
+        QVERIFY2(globalFile().endsWith(block), globalFile().constData());
+    }
+
     void linkedGlobalFileStaysALink()
     {
         m_home->write(QStringLiteral("dotfiles/gitconfig"), "[user]\n\tname = x\n");
@@ -288,7 +316,7 @@ private slots:
         const QString repo = newRepository(QStringLiteral("work/app"));
         GitProfile edited = m_work;
         edited.gitEmail = QStringLiteral("ada@new.example");
-        QVERIFY(ProfileEdits::replaceProfile(*m_manager, edited));
+        QCOMPARE(ProfileEdits::replaceProfile(*m_manager, edited), ProfileEdits::Replaced::Saved);
         QCOMPARE(author(repo), identity(edited));
     }
 

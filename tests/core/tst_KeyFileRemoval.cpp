@@ -114,8 +114,10 @@ private slots:
         // goes, the file stays, and a sentence says why.
         const GitProfile profile = withKey(QStringLiteral("Evil"), keyPath);
         const auto manager = managerWith({profile, withKey(QStringLiteral("Other"), QString())});
-        QStringList refused;
-        const QStringList removed = ProfileEdits::deleteProfile(*manager, profile, true, &refused);
+        const auto deletion = ProfileEdits::deleteProfile(*manager, profile, true);
+        QVERIFY(deletion.saved);
+        const QStringList& removed = deletion.removed;
+        const QStringList& refused = deletion.refused;
         QVERIFY2(removed.isEmpty(), qPrintable(removed.join(u' ')));
         QVERIFY(!refused.isEmpty());
         for (const QString& sentence : refused) {
@@ -125,10 +127,11 @@ private slots:
         QVERIFY(m_home->exists(survivor));
         QCOMPARE(manager->profiles().size(), 1);
         QCOMPARE(manager->profiles().first().name, QStringLiteral("Other"));
-        // Nothing outside the profile file changed.
+        // Nothing outside the profile file (and the lock of its writers) changed.
         auto after = m_home->snapshot();
         auto expected = before;
         after.erase(QStringLiteral(".git-switcher/profiles.json"));
+        after.erase(QStringLiteral(".git-switcher/profiles.lock"));
         expected.erase(QStringLiteral(".git-switcher/profiles.json"));
         for (auto it = after.begin(); it != after.end();) {
             it = it->first.startsWith(QLatin1String(".kivora/")) ? after.erase(it) : std::next(it);
