@@ -180,7 +180,11 @@ private slots:
 
     void gitFetchesThroughTheWrapperWithBlanksInPaths()
     {
-        const QString kivora = qEnvironmentVariable("KIVORA_CLI");
+        // The build folder may be out of the test user's reach (a clone in root's 0700 home
+        // folder): the user runs a copy in the temporary folder, which everyone can enter.
+        const QString kivora = m_dir.filePath(QStringLiteral("kivora"));
+        QVERIFY(QFile::copy(qEnvironmentVariable("KIVORA_CLI"), kivora));
+        QVERIFY(QFile::setPermissions(kivora, QFileDevice::Permissions(0x7555)));
         QVERIFY(QFileInfo(kivora).isExecutable());
         QByteArray out;
         QByteArray err;
