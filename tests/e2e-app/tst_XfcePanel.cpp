@@ -28,8 +28,9 @@ private slots:
     void menuPreferencesOpensThePreferencesWindow();
 
 private:
-    // A click on the tray item, with the pointer on the panel's tray.
-    bool activate() const { return m_tray->activate(1380, 14); }
+    // A click on the tray item: the pointer on the panel's tray, and the panel's call.
+    bool activate() const;
+    QPoint trayPoint() const;
     void closeWindow(const QString& window);
     bool popoverShown() const;
     std::optional<AtSpiClient::Node> appFrame(const QString& title, int timeoutMs) const;
@@ -128,6 +129,32 @@ QString XfcePanel::windowProperty(const QString& window, const QString& property
     return m_desktop->x().run(QStringLiteral("xprop"), {QStringLiteral("-id"), window, property});
 }
 
+QPoint XfcePanel::trayPoint() const
+{
+    // The tray plugin runs in a process of its own, embedded in the panel: the panel shows
+    // the embedding as a filler, and Kivora's is the only icon in it.
+    AtSpiClient& a11y = m_desktop->accessibility();
+    for (const AtSpiClient::Node& application : a11y.applications()) {
+        if (a11y.name(application) != QLatin1String("xfce4-panel")) {
+            continue;
+        }
+        if (const auto tray = a11y.find(application, QStringLiteral("filler"), QString())) {
+            const QRect area = a11y.extents(*tray);
+            if (!area.isEmpty()) {
+                return area.center();
+            }
+        }
+    }
+    return QPoint(1380, 14);
+}
+
+bool XfcePanel::activate() const
+{
+    const QPoint point = trayPoint();
+    m_desktop->x().move(point.x(), point.y());
+    return m_tray->activate(point.x(), point.y());
+}
+
 void XfcePanel::itemRegistersWithTitleKivora()
 {
     QTRY_VERIFY_WITH_TIMEOUT(m_tray->item().has_value(), 30000);
@@ -145,7 +172,6 @@ void XfcePanel::exportedMenuHasTheEntries()
 
 void XfcePanel::activateTogglesThePopover()
 {
-    m_desktop->x().move(1380, 14);
     QVERIFY(!popoverShown());
     QVERIFY(activate());
     QVERIFY2(appFrame(QStringLiteral("Kivora"), 15000), "Activate did not open the popover");
@@ -159,7 +185,6 @@ void XfcePanel::popoverStaysPutWhenAProfileIsClicked()
     XSession& x = m_desktop->x();
     AtSpiClient& a11y = m_desktop->accessibility();
     // Opened with the pointer on the tray, as a click on the icon would.
-    x.move(1380, 14);
     QVERIFY(activate());
     const auto window = x.waitForWindow(QStringLiteral("^Kivora$"), 15000);
     QVERIFY(window);
