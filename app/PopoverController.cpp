@@ -66,6 +66,13 @@ void PopoverController::toggle(const QRect& anchor)
 
 void PopoverController::show(const QRect& anchor)
 {
+    if (isVisible() && !m_asWindow) {
+        // Already open: brought forward where it is.
+        m_window->raise();
+        m_window->requestActivate();
+        emit shown();
+        return;
+    }
     m_openedAt.start();
     // The anchor is decided once, when the popover opens, and kept until it closes: most
     // status areas (every StatusNotifierItem host) report no geometry for the icon, and a

@@ -54,8 +54,9 @@ QSet<QString> dependsOf(const QString& deb)
     for (const QString& alternatives : field.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
         // "libqt6core6 (>= 6.4.0) | other": every alternative counts as listed.
         for (const QString& alternative : alternatives.split(QLatin1Char('|'))) {
-            packages << alternative.trimmed().section(QLatin1Char(' '), 0, 0).section(
-                QLatin1Char(':'), 0, 0);
+            packages << alternative.trimmed()
+                            .section(QLatin1Char(' '), 0, 0)
+                            .section(QLatin1Char(':'), 0, 0);
         }
     }
     return packages;
@@ -90,7 +91,8 @@ void QmlModuleDepends::initTestCase()
     }
     // QtQuick.Dialogs loads its Qt Quick implementation (the dialog shown without a portal
     // or native dialog) at run time, without importing it.
-    arguments << QStringLiteral("-rootPath") << qmlDir + QStringLiteral("/QtQuick/Dialogs/quickimpl/qml");
+    arguments << QStringLiteral("-rootPath")
+              << qmlDir + QStringLiteral("/QtQuick/Dialogs/quickimpl/qml");
     arguments << QStringLiteral("-importPath") << qmlDir;
 
     int code = -1;
@@ -107,7 +109,8 @@ void QmlModuleDepends::initTestCase()
             continue;
         }
         const QString path = entry.value(QStringLiteral("path")).toString();
-        const QString package = path.isEmpty() ? QString() : owner(path + QStringLiteral("/qmldir"));
+        const QString package =
+            path.isEmpty() ? QString() : owner(path + QStringLiteral("/qmldir"));
         if (package.isEmpty()) {
             m_unresolved << name;
             continue;
@@ -156,10 +159,9 @@ void QmlModuleDepends::everyNeededPackageIsADependency()
 void QmlModuleDepends::everyNeededPackageIsInstalledByInstallDeps()
 {
     int code = -1;
-    const QStringList listed =
-        output(QStringLiteral(KIVORA_SOURCE_DIR "/scripts/install-deps"), {QStringLiteral("--list")},
-               &code)
-            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList listed = output(QStringLiteral(KIVORA_SOURCE_DIR "/scripts/install-deps"),
+                                      {QStringLiteral("--list")}, &code)
+                                   .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(code, 0);
     QStringList missing;
     for (auto it = m_needed.cbegin(); it != m_needed.cend(); ++it) {
