@@ -21,7 +21,6 @@
 #include <QIcon>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTextStream>
 
@@ -38,12 +37,6 @@ int KivoraApp::main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Kivora/assets/kivora-logo.svg")));
     QApplication::setDesktopFileName(QStringLiteral("io.github.kivora.Kivora"));
     QApplication::setQuitOnLastWindowClosed(false);
-    // Kivora's own controls use the Basic style and the theme's colours. Qt's own dialogs
-    // (the file dialog without a portal) use the application style: Fusion draws them from
-    // the application palette, which follows dark mode; Basic would not.
-    if (!qEnvironmentVariableIsSet("QT_QUICK_CONTROLS_STYLE")) {
-        QQuickStyle::setStyle(QStringLiteral("Fusion"));
-    }
 
     // One instance per user: a second start brings the running popover forward and ends.
     InstanceChannel channel;
