@@ -180,7 +180,7 @@ bool DesktopSession::startWindowManager(QString* problem)
             m_environment);
         QElapsedTimer waited;
         waited.start();
-        while (waited.elapsed() < 60000 && manager->state() == QProcess::Running) {
+        while (waited.elapsed() < 30000 && manager->state() == QProcess::Running) {
             if (m_x->run(QStringLiteral("xprop"),
                          {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
                     .contains(QStringLiteral("window id"))) {

@@ -50,7 +50,10 @@ bool XSession::start(QString* problem)
     m_xvfb->start(QStringLiteral("Xvfb"),
                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                    QStringLiteral("0"), QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
+                   QStringLiteral("tcp"),
+                   // No reset when the last client goes: the readiness probe below is such a
+                   // client, and a server resetting just then turns the next one away.
+                   QStringLiteral("-noreset")});
     if (!m_xvfb->waitForStarted(5000)) {
         *problem = QStringLiteral("Xvfb did not start");
         return false;
