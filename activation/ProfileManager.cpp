@@ -17,20 +17,18 @@ QString resolvedHome(const QString& home)
 
 } // namespace
 
-ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, parent) {}
+ProfileManager::ProfileManager(AIContextManager& aiContext, QObject* parent)
+    : ProfileManager(aiContext, Options{}, parent)
+{
+}
 
-ProfileManager::ProfileManager(Options options, QObject* parent)
+ProfileManager::ProfileManager(AIContextManager& aiContext, Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
       m_shell(m_home, m_runner), m_store(m_home), m_signingStore(m_home),
-      m_signing(m_home, options.programs), m_aiContext(options.aiContext),
+      m_signing(m_home, options.programs), m_aiContext(aiContext),
       m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
     start();
-}
-
-AIContextManager& ProfileManager::aiContext() const
-{
-    return m_aiContext ? *m_aiContext : AIContextManager::shared();
 }
 
 void ProfileManager::start()
@@ -62,7 +60,7 @@ void ProfileManager::restoreAIContext()
     }
     if (profile->aiConfig.isEnabled && profile->aiConfig.isConfigured()) {
         m_shell.ensureAIEnvFile(*profile);
-        aiContext().applyAIContext(*profile);
+        m_aiContext.applyAIContext(*profile);
     }
 }
 
@@ -109,7 +107,23 @@ void ProfileManager::setProfiles(const QList<GitProfile>& profiles)
         return;
     }
     m_profiles = profiles;
+    emit profilesReset();
+    listChanged();
+}
+
+void ProfileManager::listChanged()
+{
     emit profilesChanged();
+}
+
+int ProfileManager::indexOf(const QUuid& id) const
+{
+    for (int row = 0; row < m_profiles.size(); ++row) {
+        if (m_profiles.at(row).id == id) {
+            return row;
+        }
+    }
+    return -1;
 }
 
 void ProfileManager::setActiveProfileID(const std::optional<QUuid>& id)
@@ -218,7 +232,7 @@ void ProfileManager::applyGlobally(const GitProfile& profile)
     // git appends a [user] section it had to create after the rules' include; move that back.
     RuleSync(m_home).keepIncludeLast();
     m_shell.ensureAIEnvFile(profile);
-    aiContext().applyAIContext(profile);
+    m_aiContext.applyAIContext(profile);
     setActiveProfileID(profile.id);
     save();
     refreshGlobalConfig();
@@ -228,11 +242,77 @@ GitProfile ProfileManager::addProfile(const QString& name, const QString& gitNam
                                       const QString& gitEmail, const QString& sshKeyPath)
 {
     const GitProfile profile = GitProfile::create(displayName(name), gitName, gitEmail, sshKeyPath);
-    QList<GitProfile> profiles = m_profiles;
-    profiles.append(profile);
-    setProfiles(profiles);
-    save();
+    appendProfile(profile);
     return profile;
+}
+
+void ProfileManager::appendProfile(const GitProfile& profile)
+{
+    m_profiles.append(profile);
+    emit profileInserted(int(m_profiles.size()) - 1);
+    listChanged();
+    save();
+}
+
+bool ProfileManager::updateProfile(const GitProfile& profile)
+{
+    const int row = indexOf(profile.id);
+    if (row < 0) {
+        return false;
+    }
+    if (m_profiles.at(row) != profile) {
+        m_profiles[row] = profile;
+        emit profileUpdated(row);
+        listChanged();
+    }
+    save();
+    // Repositories its rules reach take the edited identity at once.
+    RuleSync(m_home).refresh(m_profiles);
+    return true;
+}
+
+ProfileManager::Removal ProfileManager::removeProfile(const GitProfile& profile, bool deleteSSHKey)
+{
+    Removal removal;
+    if (deleteSSHKey && profile.hasKey()) {
+        const auto outcome = KeyFileRemoval::removeKeyPair(m_home, profile.sshKeyPath);
+        removal.removedKeyFiles = outcome.removed;
+        removal.refusedKeyFiles = outcome.refused;
+    }
+    // From the back, so that every announced row is the row it was a moment before.
+    bool removed = false;
+    for (int row = int(m_profiles.size()) - 1; row >= 0; --row) {
+        if (m_profiles.at(row).id == profile.id) {
+            m_profiles.removeAt(row);
+            emit profileRemoved(row);
+            removed = true;
+        }
+    }
+    if (removed) {
+        listChanged();
+    }
+    if (m_activeProfileID == profile.id) {
+        setActiveProfileID(std::nullopt);
+    }
+    save();
+    // Its rules and generated git configuration go with it.
+    RuleSync(m_home).refresh(m_profiles);
+    return removal;
+}
+
+bool ProfileManager::moveProfile(int from, int to)
+{
+    const int count = int(m_profiles.size());
+    if (from < 0 || from >= count || to < 0 || to >= count) {
+        return false;
+    }
+    if (from != to) {
+        m_profiles.move(from, to);
+        emit profileMoved(from, to);
+        listChanged();
+        save();
+    }
+    return true;
 }
 
 bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSettings>& settings,

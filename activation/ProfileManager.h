@@ -2,6 +2,7 @@
 
 #include "activation/CommandRunner.h"
 #include "activation/CommitSigning.h"
+#include "activation/KeyFileRemoval.h"
 #include "activation/ShellIntegration.h"
 #include "activation/SigningStore.h"
 #include "model/GitProfile.h"
@@ -18,9 +19,14 @@ class AIContextManager;
 
 // Owns the profile list, the active profile and every side effect of switching identity.
 // The in-memory state is authoritative; the profile file mirrors it after each save().
+//
+// The list changes one row at a time (add, update, remove, move), each announced by its own
+// signal after the change, so that a list model can insert and remove rows instead of
+// starting again; `profilesReset` announces a list replaced whole. `profilesChanged` follows
+// every change of either kind.
 class ProfileManager : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QList<GitProfile> profiles READ profiles WRITE setProfiles NOTIFY profilesChanged)
+    Q_PROPERTY(QList<GitProfile> profiles READ profiles NOTIFY profilesChanged)
     Q_PROPERTY(QString activeProfileID READ activeProfileIDText NOTIFY activeProfileIDChanged)
     Q_PROPERTY(QString globalGitName READ globalGitName NOTIFY globalGitNameChanged)
     Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
@@ -29,9 +35,8 @@ class ProfileManager : public QObject {
 
 public:
     struct Options {
-        QString home;                          // empty: the user's home folder
-        CommandRunner::Programs programs;      // the programs an activation starts
-        AIContextManager* aiContext = nullptr; // null: the process's shared instance
+        QString home;                     // empty: the user's home folder
+        CommandRunner::Programs programs; // the programs an activation starts
         // At application start the saved profile's AI settings are put back into the
         // environment. A one-shot command that only reads leaves that alone.
         bool restoreAIContext = true;
@@ -39,11 +44,15 @@ public:
         bool readGlobalIdentity = true;
     };
 
-    explicit ProfileManager(QObject* parent = nullptr);
-    explicit ProfileManager(Options options, QObject* parent = nullptr);
+    // `aiContext` is where activations put the AI configuration; it must outlive the manager.
+    explicit ProfileManager(AIContextManager& aiContext, QObject* parent = nullptr);
+    ProfileManager(AIContextManager& aiContext, Options options, QObject* parent = nullptr);
 
     const QList<GitProfile>& profiles() const { return m_profiles; }
+    // Replaces the list whole (start-up, tests arranging a state). Not saved.
     void setProfiles(const QList<GitProfile>& profiles);
+    // The row of the first profile with this id, or -1.
+    int indexOf(const QUuid& id) const;
 
     const std::optional<QUuid>& activeProfileID() const { return m_activeProfileID; }
     void setActiveProfileID(const std::optional<QUuid>& id);
@@ -70,8 +79,27 @@ public:
     Q_INVOKABLE bool save();
     Q_INVOKABLE void refreshGlobalConfig();
     void applyGlobally(const GitProfile& profile);
+    // A new profile with a fresh id, its display name made from `name` by displayName(),
+    // appended and saved.
     GitProfile addProfile(const QString& name, const QString& gitName, const QString& gitEmail,
                           const QString& sshKeyPath);
+    // Appends the profile as it is, keeping its id, and saves.
+    void appendProfile(const GitProfile& profile);
+    // Replaces the first profile with the same id in place and saves; its rules follow the
+    // edited identity at once. False, and nothing saved, when no profile has the id.
+    bool updateProfile(const GitProfile& profile);
+
+    struct Removal {
+        QStringList removedKeyFiles;
+        QStringList refusedKeyFiles; // one sentence for each key file kept, and why
+    };
+    // Removes every profile with this profile's id and forgets it as the active one; git and
+    // the shell files are left as they are. With `deleteSSHKey`, its key file and the ".pub"
+    // beside it go first (see KeyFileRemoval): the profile goes whatever happens to them.
+    // Saves; the rules of the removed profile go too.
+    Removal removeProfile(const GitProfile& profile, bool deleteSSHKey = false);
+    // Moves the profile at row `from` to row `to` and saves. False for a row out of range.
+    bool moveProfile(int from, int to);
     Q_INVOKABLE void openTerminal(const GitProfile& profile);
 
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
@@ -86,6 +114,11 @@ public:
 
 signals:
     void profilesChanged();
+    void profileInserted(int row);
+    void profileUpdated(int row);
+    void profileRemoved(int row);
+    void profileMoved(int from, int to);
+    void profilesReset();
     void activeProfileIDChanged();
     void globalGitNameChanged();
     void globalGitEmailChanged();
@@ -98,7 +131,7 @@ private:
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
     void setGlobalGitEmail(const QString& email);
-    AIContextManager& aiContext() const;
+    void listChanged();
 
     QString m_home;
     CommandRunner m_runner;
@@ -106,7 +139,7 @@ private:
     ProfileStore m_store;
     SigningStore m_signingStore;
     CommitSigning m_signing;
-    AIContextManager* m_aiContext;
+    AIContextManager& m_aiContext;
     bool m_restoreAIContext;
     bool m_readGlobalIdentity;
 

@@ -65,8 +65,7 @@ void CoreBench::activation()
 
     AIContextManager ai;
     ProfileManager::Options options;
-    options.aiContext = &ai;
-    ProfileManager manager(options);
+    ProfileManager manager(ai, options);
     manager.applyGlobally(a); // the wrapper and the hooks exist from here on, as in daily use
 
     // The same child processes, started bare: three git writes and two reads through bash.

@@ -1,7 +1,6 @@
 #include "cli/KivoraCli.h"
 
 #include "activation/InstanceChannel.h"
-#include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "activation/RuleSync.h"
 #include "activation/SSHKeyScanner.h"
@@ -207,7 +206,8 @@ ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
         // A command runs for a moment: the environment of this process is not worth restoring,
         // and a command that only reads must leave every file as it found it.
         options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(options);
+        m_aiContext = std::make_unique<AIContextManager>();
+        m_manager = std::make_unique<ProfileManager>(*m_aiContext, options);
         if (m_manager->startedFresh() && !m_manager->preservedFilePath().isEmpty()) {
             // The reason may quote a value of the file, line ends and all: shown escaped.
             m_err << "kivora: " << printable(m_manager->loadError()) << "; it was kept as "
@@ -575,7 +575,7 @@ int KivoraCli::edit(const QStringList& args)
     }
     profile->aiConfig = config;
 
-    if (changesProfile && !ProfileEdits::replaceProfile(manager(), *profile)) {
+    if (changesProfile && !manager().updateProfile(*profile)) {
         return fail(QStringLiteral("the profile is gone; nothing was saved."));
     }
     if (changesSigning) {
@@ -614,9 +614,9 @@ int KivoraCli::remove(const QStringList& args)
     if (!profile) {
         return m_status;
     }
-    QStringList refused;
-    const QStringList removed =
-        ProfileEdits::deleteProfile(manager(), *profile, parser.isSet(deleteKey), &refused);
+    const auto removal = manager().removeProfile(*profile, parser.isSet(deleteKey));
+    const QStringList& removed = removal.removedKeyFiles;
+    const QStringList& refused = removal.refusedKeyFiles;
     m_out << "Removed profile " << printable(profile->name) << ".\n";
     for (const QString& file : removed) {
         m_out << "Deleted " << printable(file) << "\n";

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+class AIContextManager;
 class ProfileManager;
 struct GitProfile;
 
@@ -63,6 +64,9 @@ private:
     QTextStream& m_out;
     QTextStream& m_err;
     QTextStream& m_in;
+    // A command of its own keeps its AI context for its moment; the application's manager
+    // has the application's.
+    std::unique_ptr<AIContextManager> m_aiContext;
     std::unique_ptr<ProfileManager> m_manager;
     ProfileManager* m_hosted = nullptr;
     std::optional<QString> m_input;

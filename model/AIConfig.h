@@ -26,7 +26,10 @@ public:
 
     // A key is all a provider needs; a local server needs none. Whether the
     // configuration is enabled does not matter here.
-    bool isConfigured() const { return !apiKey.isEmpty() || provider == AIProvider::Local; }
+    bool isConfigured() const
+    {
+        return !apiKey.isEmpty() || !AIProviders::facts(provider).needsKey;
+    }
 
     QString providerName() const { return AIProviders::rawValue(provider); }
 

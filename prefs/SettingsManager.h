@@ -36,10 +36,8 @@ public:
     static inline const char* const showSSHKeySetKey = "showSSHKeySet";
 
     // Loads the preferences kept in the file at `settingsPath` (created when first written).
+    // The application makes one, over PreferencesFile::path().
     explicit SettingsManager(const QString& settingsPath, QObject* parent = nullptr);
-
-    // The one instance of the process, created on first use over PreferencesFile::path().
-    static SettingsManager& shared();
 
     QString filePath() const { return m_settings.fileName(); }
 

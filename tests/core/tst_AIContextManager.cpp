@@ -151,11 +151,6 @@ private slots:
         bash.waitForFinished(-1);
         QCOMPARE(bash.readAllStandardOutput(), QByteArray("child-sees-this"));
     }
-
-    void sharedIsOneInstance()
-    {
-        QCOMPARE(&AIContextManager::shared(), &AIContextManager::shared());
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_AIContextManager)

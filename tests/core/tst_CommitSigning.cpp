@@ -23,8 +23,7 @@ class tst_CommitSigning : public QObject {
     std::unique_ptr<ProfileManager> makeManager()
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     // Runs a program in the repository; returns standard output and error together.

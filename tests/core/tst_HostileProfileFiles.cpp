@@ -35,8 +35,7 @@ class tst_HostileProfileFiles : public QObject {
     std::unique_ptr<ProfileManager> makeManager()
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     static QByteArray validStore()

@@ -1,5 +1,4 @@
 #include "activation/KeyFileRemoval.h"
-#include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
@@ -29,8 +28,7 @@ class tst_KeyFileRemoval : public QObject {
         m_home->write(QStringLiteral(".git-switcher/profiles.json"),
                       ProfileCodec::encodeStore({profiles, std::nullopt}));
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
 private slots:
@@ -114,8 +112,9 @@ private slots:
         // goes, the file stays, and a sentence says why.
         const GitProfile profile = withKey(QStringLiteral("Evil"), keyPath);
         const auto manager = managerWith({profile, withKey(QStringLiteral("Other"), QString())});
-        QStringList refused;
-        const QStringList removed = ProfileEdits::deleteProfile(*manager, profile, true, &refused);
+        const auto removal = manager->removeProfile(profile, true);
+        const QStringList& removed = removal.removedKeyFiles;
+        const QStringList& refused = removal.refusedKeyFiles;
         QVERIFY2(removed.isEmpty(), qPrintable(removed.join(u' ')));
         QVERIFY(!refused.isEmpty());
         for (const QString& sentence : refused) {

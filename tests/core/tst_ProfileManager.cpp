@@ -20,9 +20,8 @@ class tst_ProfileManager : public QObject {
     std::unique_ptr<ProfileManager> makeManager(bool restoreAI = true)
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
         options.restoreAIContext = restoreAI;
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     void setGlobalIdentity(const QString& name, const QString& email)

@@ -196,7 +196,8 @@ private slots:
         });
         QCOMPARE(result.outcome, SSHKeyGenerator::Outcome::NotStarted);
         QVERIFY(!result.error.isEmpty());
-        QCOMPARE(printed, ("Failed to generate SSH key: " + result.error + u'\n').toUtf8());
+        QCOMPARE(printed,
+                 (QStringLiteral("Failed to generate SSH key: ") + result.error + u'\n').toUtf8());
         QVERIFY(!m_home->exists(QStringLiteral(".ssh/id_ed25519")));
     }
 

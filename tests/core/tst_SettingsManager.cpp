@@ -178,11 +178,10 @@ private slots:
                  home.path() + QStringLiteral("/.config/Kivora/Kivora.conf"));
     }
 
-    void sharedIsOneInstanceOverTheUserFile()
+    void preferencesOverTheUserFile()
     {
         TestHome home;
-        SettingsManager& first = SettingsManager::shared();
-        QCOMPARE(&SettingsManager::shared(), &first);
+        const SettingsManager first(PreferencesFile::path());
         QCOMPARE(first.filePath(), settingsPath(home));
         QVERIFY(QFile::exists(settingsPath(home)));
     }

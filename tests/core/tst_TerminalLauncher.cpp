@@ -1,5 +1,6 @@
 #include "activation/ProfileManager.h"
 #include "activation/TerminalLauncher.h"
+#include "ai/AIContextManager.h"
 #include "support/TestHome.h"
 
 #include <QDir>
@@ -573,7 +574,8 @@ void TerminalLauncherTest::profileManagerOpensTerminal()
     ProfileManager::Options options;
     options.home = managerHome;
     options.restoreAIContext = false;
-    ProfileManager manager(options);
+    AIContextManager ai;
+    ProfileManager manager(ai, options);
 
     useBinFolder(home);
     const QString recorder = home.filePath(QStringLiteral("tools/record-term"));

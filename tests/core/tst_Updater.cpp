@@ -281,10 +281,20 @@ private slots:
     {
         QTest::addColumn<QStringList>("versions");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("newest first") << QStringList{"1.10.0", "1.9.0", "1.2.0", "0.9"} << "1.10.0";
-        QTest::newRow("newest last") << QStringList{"0.9", "1.2.0", "1.9.0", "1.10.0"} << "1.10.0";
-        QTest::newRow("newest in the middle") << QStringList{"1.2.0", "2.0", "1.9.0"} << "2.0";
-        QTest::newRow("release above its beta") << QStringList{"1.1b2", "1.1", "1.1rc1"} << "1.1";
+        QTest::newRow("newest first")
+            << QStringList{QStringLiteral("1.10.0"), QStringLiteral("1.9.0"),
+                           QStringLiteral("1.2.0"), QStringLiteral("0.9")}
+            << QStringLiteral("1.10.0");
+        QTest::newRow("newest last")
+            << QStringList{QStringLiteral("0.9"), QStringLiteral("1.2.0"), QStringLiteral("1.9.0"),
+                           QStringLiteral("1.10.0")}
+            << QStringLiteral("1.10.0");
+        QTest::newRow("newest in the middle")
+            << QStringList{QStringLiteral("1.2.0"), QStringLiteral("2.0"), QStringLiteral("1.9.0")}
+            << QStringLiteral("2.0");
+        QTest::newRow("release above its beta")
+            << QStringList{QStringLiteral("1.1b2"), QStringLiteral("1.1"), QStringLiteral("1.1rc1")}
+            << QStringLiteral("1.1");
     }
 
     void newestItemIsChosenInAnyOrder()
