@@ -184,6 +184,14 @@ bool ProfileManager::save()
 {
     const bool saved = m_store.save(StoredData{m_profiles, m_activeProfileID});
     syncAllowedSigners();
+    const QString error =
+        saved ? QString()
+              : QStringLiteral("The profiles could not be saved: %1 could not be written.")
+                    .arg(m_store.path());
+    if (error != m_saveError) {
+        m_saveError = error;
+        emit saveErrorChanged();
+    }
     return saved;
 }
 
@@ -271,7 +279,8 @@ bool ProfileManager::updateProfile(const GitProfile& profile)
     return true;
 }
 
-ProfileManager::Removal ProfileManager::removeProfile(const GitProfile& profile, bool deleteSSHKey)
+ProfileManager::Removal ProfileManager::removeProfile(const GitProfile& profile, bool deleteSSHKey,
+                                                      bool forgetActive)
 {
     Removal removal;
     if (deleteSSHKey && profile.hasKey()) {
@@ -291,7 +300,7 @@ ProfileManager::Removal ProfileManager::removeProfile(const GitProfile& profile,
     if (removed) {
         listChanged();
     }
-    if (m_activeProfileID == profile.id) {
+    if (forgetActive && m_activeProfileID == profile.id) {
         setActiveProfileID(std::nullopt);
     }
     save();

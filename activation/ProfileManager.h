@@ -32,6 +32,7 @@ class ProfileManager : public QObject {
     Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
     Q_PROPERTY(bool needsProfileSetup READ needsProfileSetup WRITE setNeedsProfileSetup NOTIFY
                    needsProfileSetupChanged)
+    Q_PROPERTY(QString saveError READ saveError NOTIFY saveErrorChanged)
 
 public:
     struct Options {
@@ -76,7 +77,10 @@ public:
     const ShellIntegration& shellIntegration() const { return m_shell; }
     const CommandRunner& runner() const { return m_runner; }
 
+    // Writes the profile file; false, with `saveError` saying so, when it could not be written.
     Q_INVOKABLE bool save();
+    // The sentence for the last save that failed; empty once one succeeded.
+    QString saveError() const { return m_saveError; }
     Q_INVOKABLE void refreshGlobalConfig();
     void applyGlobally(const GitProfile& profile);
     // A new profile with a fresh id, its display name made from `name` by displayName(),
@@ -93,11 +97,12 @@ public:
         QStringList removedKeyFiles;
         QStringList refusedKeyFiles; // one sentence for each key file kept, and why
     };
-    // Removes every profile with this profile's id and forgets it as the active one; git and
-    // the shell files are left as they are. With `deleteSSHKey`, its key file and the ".pub"
-    // beside it go first (see KeyFileRemoval): the profile goes whatever happens to them.
-    // Saves; the rules of the removed profile go too.
-    Removal removeProfile(const GitProfile& profile, bool deleteSSHKey = false);
+    // Removes every profile with this profile's id and, with `forgetActive`, forgets it as the
+    // active one; git and the shell files are left as they are. With `deleteSSHKey`, its key
+    // file and the ".pub" beside it go first (see KeyFileRemoval): the profile goes whatever
+    // happens to them. Saves; the rules of the removed profile go too.
+    Removal removeProfile(const GitProfile& profile, bool deleteSSHKey = false,
+                          bool forgetActive = true);
     // Moves the profile at row `from` to row `to` and saves. False for a row out of range.
     bool moveProfile(int from, int to);
     Q_INVOKABLE void openTerminal(const GitProfile& profile);
@@ -123,6 +128,7 @@ signals:
     void globalGitNameChanged();
     void globalGitEmailChanged();
     void needsProfileSetupChanged();
+    void saveErrorChanged();
 
 private:
     void start();
@@ -148,6 +154,7 @@ private:
     QString m_globalGitName;
     QString m_globalGitEmail;
     bool m_needsProfileSetup = false;
+    QString m_saveError;
 
     bool m_startedFresh = false;
     QString m_loadError;

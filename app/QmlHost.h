@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 class QQmlEngine;
 class QQuickWindow;
 
@@ -12,7 +14,8 @@ class QmlHost : public QObject {
     Q_OBJECT
 
 public:
-    explicit QmlHost(QObject* parent = nullptr);
+    // `attach` readies a new engine for the views (KivoraApp::attach).
+    explicit QmlHost(std::function<void(QQmlEngine&)> attach, QObject* parent = nullptr);
     ~QmlHost() override;
 
     QQmlEngine& engine();
@@ -22,10 +25,11 @@ public:
     // module ("menubar/PopoverWindow.qml"). Null, with the errors on the console, on failure.
     QQuickWindow* createWindow(const QString& modulePath);
 
-    // What every engine that shows Kivora's views needs: the module's import path and the
-    // symbol images. Tests call it on their own engine.
+    // What every engine that shows Kivora's views needs besides its application: the
+    // module's import path and the symbol images.
     static void prepare(QQmlEngine& engine);
 
 private:
+    std::function<void(QQmlEngine&)> m_attach;
     QQmlEngine* m_engine = nullptr;
 };

@@ -4,11 +4,6 @@
 
 RelativeTime::RelativeTime(QObject* parent) : QObject(parent) {}
 
-RelativeTime* RelativeTime::create(QQmlEngine*, QJSEngine*)
-{
-    return new RelativeTime(nullptr);
-}
-
 QString RelativeTime::describe(const QDateTime& since)
 {
     return describe(since, QDateTime::currentDateTimeUtc());

@@ -27,19 +27,6 @@ SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent)
     readInitialValue();
 }
 
-SystemColorScheme& SystemColorScheme::shared()
-{
-    static SystemColorScheme* instance = new SystemColorScheme(nullptr);
-    return *instance;
-}
-
-SystemColorScheme* SystemColorScheme::create(QQmlEngine*, QJSEngine*)
-{
-    SystemColorScheme* scheme = &shared();
-    QJSEngine::setObjectOwnership(scheme, QJSEngine::CppOwnership);
-    return scheme;
-}
-
 bool SystemColorScheme::isDarkValue(const QVariant& value)
 {
     QVariant v = value;

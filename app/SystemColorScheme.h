@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QDBusVariant>
-#include <QJSEngine>
 #include <QObject>
-#include <QQmlEngine>
 #include <QVariant>
 
 // The desktop's preferred colour scheme, read from the XDG desktop portal
@@ -11,15 +9,10 @@
 // to date through the portal's SettingChanged signal. Without a portal it reports light.
 class SystemColorScheme : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
     Q_PROPERTY(bool prefersDark READ prefersDark NOTIFY prefersDarkChanged)
 
 public:
-    explicit SystemColorScheme(QObject* parent);
-
-    static SystemColorScheme& shared();
-    static SystemColorScheme* create(QQmlEngine*, QJSEngine*);
+    explicit SystemColorScheme(QObject* parent = nullptr);
 
     bool prefersDark() const { return m_prefersDark; }
 

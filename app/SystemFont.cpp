@@ -8,11 +8,6 @@ SystemFont::SystemFont(QObject* parent) : QObject(parent)
     qGuiApp->installEventFilter(this);
 }
 
-SystemFont* SystemFont::create(QQmlEngine*, QJSEngine*)
-{
-    return new SystemFont(nullptr);
-}
-
 QFont SystemFont::font() const
 {
     return QGuiApplication::font();

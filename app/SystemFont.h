@@ -1,20 +1,15 @@
 #pragma once
 
 #include <QFont>
-#include <QJSEngine>
 #include <QObject>
-#include <QQmlEngine>
 
 // The desktop's interface font, from which the theme derives its type scale.
 class SystemFont : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
     Q_PROPERTY(QFont font READ font NOTIFY fontChanged)
 
 public:
-    explicit SystemFont(QObject* parent);
-    static SystemFont* create(QQmlEngine*, QJSEngine*);
+    explicit SystemFont(QObject* parent = nullptr);
 
     QFont font() const;
 

@@ -13,19 +13,14 @@ Item {
     // The profile whose edit button was pressed last. Nothing in the popover shows it.
     property var editingProfile: null
 
-    readonly property alias profiles: profileModel
+    readonly property var profiles: Profiles
     readonly property bool compact: SettingsManager.compactMode
     readonly property real listMaximumHeight: compact ? 150 : 250
 
     signal dismissRequested()
 
-    implicitWidth: 320
+    implicitWidth: Theme.popoverWidth
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins
-
-    ProfileListModel {
-        id: profileModel
-        manager: ProfileManager
-    }
 
     // Each switch schedules its own clearing: a second switch within 1.5 seconds replaces the
     // id at once, and the first switch's timer still clears it at its own time.
@@ -42,7 +37,7 @@ Item {
     }
 
     function switchTo(profileId: string) {
-        if (profileModel.activate(profileId)) {
+        if (Profiles.activate(profileId)) {
             justSwitched = profileId
             clearSwitchedTimer.createObject(view)
         }
@@ -56,8 +51,8 @@ Item {
     ColumnLayout {
         id: column
         anchors.fill: parent
-        anchors.margins: 12
-        spacing: 10
+        anchors.margins: Theme.spacingL
+        spacing: Theme.spacingML
 
         SetupBanner {
             objectName: "setupBanner"
@@ -69,8 +64,8 @@ Item {
         ActiveProfileCard {
             objectName: "activeProfileCard"
             Layout.fillWidth: true
-            hasProfile: profileModel.hasActiveProfile
-            profile: profileModel.activeProfile
+            hasProfile: Profiles.hasActiveProfile
+            profile: Profiles.activeProfile
             iconStyle: SettingsManager.menuBarIconStyle
             showEmail: SettingsManager.showProfileEmail
         }
@@ -89,12 +84,12 @@ Item {
             Column {
                 id: profileColumn
                 width: profileScroll.availableWidth
-                spacing: 2
-                topPadding: 2
-                bottomPadding: 2
+                spacing: Theme.spacingXXS
+                topPadding: Theme.spacingXXS
+                bottomPadding: Theme.spacingXXS
 
                 Repeater {
-                    model: profileModel
+                    model: Profiles
                     delegate: ProfileRow {
                         required property string profileId
                         required property string name
@@ -109,9 +104,9 @@ Item {
                         active: isActive
                         justSwitched: view.justSwitched === profileId
                         onSwitchRequested: view.switchTo(profileId)
-                        onOpenTerminalRequested: profileModel.openTerminal(profileId)
+                        onOpenTerminalRequested: Profiles.openTerminal(profileId)
                         onEditRequested: view.editingProfile = profileId
-                        onDeleteRequested: profileModel.remove(profileId)
+                        onDeleteRequested: Profiles.remove(profileId)
                     }
                 }
             }
@@ -121,9 +116,9 @@ Item {
 
         ColumnLayout {
             Layout.fillWidth: true
-            Layout.leftMargin: 8
-            Layout.rightMargin: 8
-            spacing: 8
+            Layout.leftMargin: Theme.spacingM
+            Layout.rightMargin: Theme.spacingM
+            spacing: Theme.spacingM
 
             StatusRow {
                 Layout.fillWidth: true
@@ -148,7 +143,7 @@ Item {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 4
+            spacing: Theme.spacingXS
 
             PlainButton {
                 objectName: "addProfileButton"

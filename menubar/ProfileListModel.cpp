@@ -1,23 +1,15 @@
 #include "menubar/ProfileListModel.h"
 
-ProfileListModel::ProfileListModel(QObject* parent) : QAbstractListModel(parent) {}
-
-void ProfileListModel::setManager(ProfileManager* manager)
+ProfileListModel::ProfileListModel(ProfileManager& manager, QObject* parent)
+    : QAbstractListModel(parent), m_manager(manager), m_profiles(manager.profiles())
 {
-    if (m_manager == manager) {
-        return;
-    }
-    if (m_manager) {
-        m_manager->disconnect(this);
-    }
-    m_manager = manager;
-    if (m_manager) {
-        connect(m_manager, &ProfileManager::profilesChanged, this, &ProfileListModel::reload);
-        connect(m_manager, &ProfileManager::activeProfileIDChanged, this,
-                &ProfileListModel::activeChanged);
-    }
-    reload();
-    emit managerChanged();
+    connect(&m_manager, &ProfileManager::profileInserted, this, &ProfileListModel::insert);
+    connect(&m_manager, &ProfileManager::profileUpdated, this, &ProfileListModel::update);
+    connect(&m_manager, &ProfileManager::profileRemoved, this, &ProfileListModel::removeRow);
+    connect(&m_manager, &ProfileManager::profileMoved, this, &ProfileListModel::move);
+    connect(&m_manager, &ProfileManager::profilesReset, this, &ProfileListModel::reset);
+    connect(&m_manager, &ProfileManager::activeProfileIDChanged, this,
+            &ProfileListModel::activeChanged);
 }
 
 int ProfileListModel::count() const
@@ -27,15 +19,12 @@ int ProfileListModel::count() const
 
 bool ProfileListModel::hasActiveProfile() const
 {
-    return m_manager && m_manager->activeProfile().has_value();
+    return m_manager.activeProfile().has_value();
 }
 
 QVariantMap ProfileListModel::activeProfile() const
 {
-    if (!m_manager) {
-        return {};
-    }
-    const auto active = m_manager->activeProfile();
+    const auto active = m_manager.activeProfile();
     return active ? describe(*active) : QVariantMap();
 }
 
@@ -57,7 +46,7 @@ int ProfileListModel::rowCount(const QModelIndex& parent) const
 
 QVariant ProfileListModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_profiles.size()) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
     }
     const GitProfile& profile = m_profiles.at(index.row());
@@ -74,7 +63,9 @@ QVariant ProfileListModel::data(const QModelIndex& index, int role) const
     case SshKeyPathRole:
         return profile.sshKeyPath;
     case IsActiveRole:
-        return m_manager && m_manager->activeProfileID() == profile.id;
+        return m_manager.activeProfileID() == profile.id;
+    case ProfileRole:
+        return QVariant::fromValue(profile);
     default:
         return {};
     }
@@ -83,18 +74,20 @@ QVariant ProfileListModel::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> ProfileListModel::roleNames() const
 {
     return {
-        {ProfileIdRole, "profileId"},   {NameRole, "name"},
-        {GitNameRole, "gitName"},       {GitEmailRole, "gitEmail"},
-        {SshKeyPathRole, "sshKeyPath"}, {IsActiveRole, "isActive"},
+        {ProfileIdRole, "profileId"},   {NameRole, "name"},         {GitNameRole, "gitName"},
+        {GitEmailRole, "gitEmail"},     {SshKeyPathRole, "sshKeyPath"}, {IsActiveRole, "isActive"},
+        {ProfileRole, "profile"},
     };
+}
+
+GitProfile ProfileListModel::at(int row) const
+{
+    return row >= 0 && row < m_profiles.size() ? m_profiles.at(row) : GitProfile();
 }
 
 std::optional<GitProfile> ProfileListModel::profile(const QString& id) const
 {
-    if (!m_manager) {
-        return std::nullopt;
-    }
-    for (const GitProfile& candidate : m_manager->profiles()) {
+    for (const GitProfile& candidate : m_profiles) {
         if (candidate.idText() == id) {
             return candidate;
         }
@@ -108,26 +101,18 @@ bool ProfileListModel::activate(const QString& id)
     if (!chosen) {
         return false;
     }
-    m_manager->applyGlobally(*chosen);
+    m_manager.applyGlobally(*chosen);
     return true;
 }
 
 bool ProfileListModel::remove(const QString& id)
 {
-    if (!m_manager) {
+    const auto chosen = profile(id);
+    if (!chosen) {
         return false;
     }
-    QList<GitProfile> kept;
-    for (const GitProfile& candidate : m_manager->profiles()) {
-        if (candidate.idText() != id) {
-            kept << candidate;
-        }
-    }
-    if (kept.size() == m_manager->profiles().size()) {
-        return false;
-    }
-    m_manager->setProfiles(kept);
-    m_manager->save();
+    // The popover's delete: the profile only; even the active id stays as it is.
+    m_manager.removeProfile(*chosen, /*deleteSSHKey*/ false, /*forgetActive*/ false);
     return true;
 }
 
@@ -137,15 +122,52 @@ bool ProfileListModel::openTerminal(const QString& id)
     if (!chosen) {
         return false;
     }
-    m_manager->openTerminal(*chosen);
+    m_manager.openTerminal(*chosen);
     return true;
 }
 
-void ProfileListModel::reload()
+void ProfileListModel::insert(int row)
+{
+    beginInsertRows({}, row, row);
+    m_profiles.insert(row, m_manager.profiles().at(row));
+    endInsertRows();
+    emit countChanged();
+    // The active id may name the profile that just came (or came back).
+    emit activeProfileChanged();
+}
+
+void ProfileListModel::update(int row)
+{
+    m_profiles[row] = m_manager.profiles().at(row);
+    emit dataChanged(index(row), index(row));
+    if (m_manager.activeProfileID() == m_profiles.at(row).id) {
+        emit activeProfileChanged();
+    }
+}
+
+void ProfileListModel::removeRow(int row)
+{
+    beginRemoveRows({}, row, row);
+    m_profiles.removeAt(row);
+    endRemoveRows();
+    emit countChanged();
+    // The active id may name the profile that just went.
+    emit activeProfileChanged();
+}
+
+void ProfileListModel::move(int from, int to)
+{
+    // Qt counts the destination before the move: one further down when moving down.
+    beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+    m_profiles.move(from, to);
+    endMoveRows();
+}
+
+void ProfileListModel::reset()
 {
     const qsizetype before = m_profiles.size();
     beginResetModel();
-    m_profiles = m_manager ? m_manager->profiles() : QList<GitProfile>();
+    m_profiles = m_manager.profiles();
     endResetModel();
     if (before != m_profiles.size()) {
         emit countChanged();

@@ -19,11 +19,11 @@ Item {
     signal editRequested()
     signal deleteRequested()
 
-    implicitHeight: layout.implicitHeight + 16
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingM
 
     Rectangle {
         anchors.fill: parent
-        radius: 6
+        radius: Theme.rowRadius
         color: row.isHovered ? Theme.controlBackground : "transparent"
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
     }
@@ -34,57 +34,32 @@ Item {
     RowLayout {
         id: layout
         anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 10
-        anchors.topMargin: 8
-        anchors.bottomMargin: 8
-        spacing: 10
+        anchors.leftMargin: Theme.spacingML
+        anchors.rightMargin: Theme.spacingML
+        anchors.topMargin: Theme.spacingM
+        anchors.bottomMargin: Theme.spacingM
+        spacing: Theme.spacingML
 
-        Rectangle {
-            objectName: "statusDot"
-            implicitWidth: 7
-            implicitHeight: 7
-            radius: 3.5
-            color: row.active ? Theme.green : "transparent"
-            border.width: 1
-            border.color: row.active ? Theme.green
-                                     : Qt.rgba(Theme.secondaryText.r, Theme.secondaryText.g,
-                                               Theme.secondaryText.b, 0.4)
-            Behavior on color { ColorAnimation { duration: Theme.statusDuration; easing.type: Easing.InOutQuad } }
-            Behavior on border.color { ColorAnimation { duration: Theme.statusDuration; easing.type: Easing.InOutQuad } }
-        }
-
-        ColumnLayout {
+        ProfileIdentity {
             Layout.fillWidth: true
-            spacing: 2
-            Text {
-                objectName: "nameText"
-                Layout.fillWidth: true
-                text: row.profileName
-                font: Theme.rowTitle
-                color: Theme.primaryText
-                elide: Text.ElideRight
-            }
-            Text {
-                objectName: "identityText"
-                Layout.fillWidth: true
-                text: row.identity
-                font: Theme.subheadline
-                color: Theme.secondaryText
-                elide: Text.ElideRight
-            }
+            profileName: row.profileName
+            identityLine: row.identity
+            active: row.active
+            markSize: Theme.rowDotSize
+            markOutline: 1
+            markOutlineColor: Theme.faded(Theme.secondaryText, 0.4)
         }
 
         Row {
             objectName: "switchedLabel"
-            spacing: 3
+            spacing: Theme.spacingXS
             opacity: row.justSwitched ? 1 : 0
             visible: opacity > 0
             Behavior on opacity { NumberAnimation { duration: Theme.switchedDuration; easing.type: Easing.OutCubic } }
             SymbolIcon {
                 name: "checkmark"
                 color: Theme.green
-                size: 11
+                size: Theme.symbolXS
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
@@ -97,24 +72,24 @@ Item {
 
         Row {
             objectName: "hoverActions"
-            spacing: 4
+            spacing: Theme.spacingXS
             opacity: row.isHovered ? 1 : 0
             visible: opacity > 0
             Behavior on opacity { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
 
-            IconButton {
+            SymbolButton {
                 objectName: "terminalButton"
                 symbol: "terminal"
                 tooltip: "Open Terminal"
                 onClicked: row.openTerminalRequested()
             }
-            IconButton {
+            SymbolButton {
                 objectName: "editButton"
                 symbol: "pencil"
                 tooltip: "Edit"
                 onClicked: row.editRequested()
             }
-            IconButton {
+            SymbolButton {
                 objectName: "deleteButton"
                 symbol: "trash"
                 tooltip: "Delete"

@@ -8,15 +8,15 @@ AbstractButton {
     id: banner
 
     hoverEnabled: true
-    padding: 10
+    padding: Theme.spacingML
     text: "Setup required - click to configure profiles"
 
     contentItem: RowLayout {
-        spacing: 8
+        spacing: Theme.spacingM
         SymbolIcon {
             name: "exclamationmark.triangle.fill"
             color: Theme.orange
-            size: 14
+            size: Theme.symbolL
         }
         Text {
             Layout.fillWidth: true
@@ -28,15 +28,15 @@ AbstractButton {
         SymbolIcon {
             name: "chevron.right"
             color: Theme.secondaryText
-            size: 12
+            size: Theme.symbolS
         }
     }
 
     background: Rectangle {
         radius: Theme.cornerRadius
         color: Theme.warningBackground
-        border.color: Qt.rgba(Theme.orange.r, Theme.orange.g, Theme.orange.b,
-                              banner.hovered ? 0.45 : 0.25)
+        border.width: banner.visualFocus ? 2 : 1
+        border.color: Theme.faded(Theme.orange, banner.hovered || banner.visualFocus ? 0.45 : 0.25)
         Behavior on border.color { ColorAnimation { duration: Theme.hoverDuration } }
     }
 }

@@ -29,7 +29,7 @@ SettingsContainer {
         SettingsCard {
             ColumnLayout {
                 Layout.fillWidth: true
-                spacing: 6
+                spacing: Theme.spacingS
 
                 Text {
                     text: "Icon Style"
@@ -73,7 +73,7 @@ SettingsContainer {
         SettingsCard {
             ColumnLayout {
                 Layout.fillWidth: true
-                spacing: 6
+                spacing: Theme.spacingS
 
                 Text {
                     text: "Appearance"
@@ -133,10 +133,5 @@ SettingsContainer {
                 objectName: "preview"
             }
         }
-    }
-
-    // Room below the last card once the page scrolls to its end.
-    Item {
-        implicitHeight: 8
     }
 }

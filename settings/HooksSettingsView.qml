@@ -75,9 +75,4 @@ SettingsContainer {
             }
         }
     }
-
-    // Room below the last card once the page scrolls to its end.
-    Item {
-        implicitHeight: 8
-    }
 }

@@ -10,7 +10,7 @@ ColumnLayout {
     property string description
 
     Layout.fillWidth: true
-    spacing: 2
+    spacing: Theme.spacingXXS
 
     Text {
         objectName: "entryTitle"

@@ -7,12 +7,12 @@ Rectangle {
 
     Column {
         anchors.centerIn: parent
-        spacing: 8
+        spacing: Theme.spacingM
         SymbolIcon {
             anchors.horizontalCenter: parent.horizontalCenter
             name: "gearshape"
             color: Theme.tertiaryText
-            size: 40
+            size: Theme.headerIconSize
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter

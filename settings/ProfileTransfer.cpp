@@ -13,30 +13,25 @@ QString localPath(const QUrl& file)
 
 } // namespace
 
-ProfileTransfer::ProfileTransfer(QObject* parent) : QObject(parent) {}
-
-void ProfileTransfer::setManager(ProfileManager* manager)
+ProfileTransfer::ProfileTransfer(ProfileManager& manager, QObject* parent)
+    : QObject(parent), m_manager(manager)
 {
-    if (m_manager != manager) {
-        m_manager = manager;
-        emit managerChanged();
-    }
 }
 
 bool ProfileTransfer::exportTo(const QUrl& file) const
 {
-    if (!m_manager || file.isEmpty()) {
+    if (file.isEmpty()) {
         return false;
     }
     // The file holds the same data as the profile file, keys included: private to the user.
     return AtomicFile::write(localPath(file),
-                             ProfileCodec::encodeProfileArray(m_manager->profiles()),
+                             ProfileCodec::encodeProfileArray(m_manager.profiles()),
                              AtomicFile::privateFile);
 }
 
 int ProfileTransfer::importFrom(const QUrl& file) const
 {
-    if (!m_manager || file.isEmpty()) {
+    if (file.isEmpty()) {
         return 0;
     }
     // A FIFO or device chosen in the file dialog would block or act when read; a file over
@@ -50,7 +45,7 @@ int ProfileTransfer::importFrom(const QUrl& file) const
         return 0;
     }
     for (const GitProfile& profile : *profiles) {
-        m_manager->addProfile(profile.name, profile.gitName, profile.gitEmail, profile.sshKeyPath);
+        m_manager.addProfile(profile.name, profile.gitName, profile.gitEmail, profile.sshKeyPath);
     }
     return int(profiles->size());
 }

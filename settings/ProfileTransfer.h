@@ -3,21 +3,14 @@
 #include "activation/ProfileManager.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QUrl>
-#include <QtQml/qqmlregistration.h>
 
 // Export and import of the profile list as a pretty-printed JSON array of profiles.
 class ProfileTransfer : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
 
 public:
-    explicit ProfileTransfer(QObject* parent = nullptr);
-
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
+    explicit ProfileTransfer(ProfileManager& manager, QObject* parent = nullptr);
 
     // Writes the manager's profiles (not the active one) to the file. False on failure,
     // which the interface does not report.
@@ -27,9 +20,6 @@ public:
     // be read or decoded imports nothing. Returns how many were added.
     Q_INVOKABLE int importFrom(const QUrl& file) const;
 
-signals:
-    void managerChanged();
-
 private:
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
 };

@@ -12,11 +12,11 @@ RowLayout {
     property bool configured: false
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     ColumnLayout {
         Layout.fillWidth: true
-        spacing: 2
+        spacing: Theme.spacingXXS
         Text {
             Layout.fillWidth: true
             text: row.name

@@ -39,12 +39,6 @@ const TabInfo* info(int tab)
 
 SettingsTab::SettingsTab(QObject* parent) : QObject(parent) {}
 
-SettingsTab* SettingsTab::create(QQmlEngine*, QJSEngine*)
-{
-    // Stateless: each engine gets its own instance and owns it.
-    return new SettingsTab(nullptr);
-}
-
 QVariantList SettingsTab::allTabs()
 {
     QVariantList tabs;

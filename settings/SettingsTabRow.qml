@@ -17,13 +17,11 @@ Rectangle {
     signal clicked()
     signal toggleFavorite()
 
-    implicitHeight: 32
-    radius: 6
+    implicitHeight: Theme.sidebarRowHeight
+    radius: Theme.rowRadius
     opacity: SettingsTab.matchesSearch(tab, searchText) ? 1.0 : 0.5
     color: selected ? Theme.selection
-                    : hover.hovered ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
-                                              Theme.controlBackground.b, 0.8)
-                                    : "transparent"
+                    : hover.hovered ? Theme.faded(Theme.controlBackground, 0.8) : "transparent"
 
     HoverHandler { id: hover }
     TapHandler { onTapped: row.clicked() }
@@ -34,14 +32,14 @@ Rectangle {
 
     RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 6
-        spacing: 10
+        anchors.leftMargin: Theme.spacingML
+        anchors.rightMargin: Theme.spacingS
+        spacing: Theme.spacingML
 
         SymbolIcon {
             name: SettingsTab.icon(row.tab)
             color: row.selected ? Theme.accent : Theme.secondaryText
-            size: 16
+            size: Theme.symbolXL
         }
         Text {
             Layout.fillWidth: true
@@ -50,25 +48,15 @@ Rectangle {
             color: Theme.primaryText
             elide: Text.ElideRight
         }
-        AbstractButton {
-            id: star
+        SymbolButton {
             objectName: "starButton"
-            implicitWidth: 22
-            implicitHeight: 22
-            hoverEnabled: true
-            ToolTip.text: row.isFavorited ? "Remove from favorites" : "Add to favorites"
-            ToolTip.visible: hovered
-            ToolTip.delay: 500
+            size: Theme.symbolXXL
+            symbol: row.isFavorited ? "star.fill" : "star"
+            foreground: row.isFavorited ? Theme.yellow : Theme.secondaryText
+            fillOpacity: 0
+            symbolSize: Theme.symbolS
+            tooltip: row.isFavorited ? "Remove from favorites" : "Add to favorites"
             onClicked: row.toggleFavorite()
-            contentItem: Item {
-                SymbolIcon {
-                    anchors.centerIn: parent
-                    name: row.isFavorited ? "star.fill" : "star"
-                    color: row.isFavorited ? Theme.yellow : Theme.secondaryText
-                    size: 12
-                }
-            }
-            background: null
         }
     }
 

@@ -29,20 +29,15 @@ Item {
     }
 
     function exportProfiles(file: url): bool {
-        return transfer.exportTo(file)
+        return ProfileTransfer.exportTo(file)
     }
 
     function importProfiles(file: url): int {
-        return transfer.importFrom(file)
+        return ProfileTransfer.importFrom(file)
     }
 
     function resetAllSettings() {
         SettingsManager.reset()
-    }
-
-    ProfileTransfer {
-        id: transfer
-        manager: ProfileManager
     }
 
     // Ctrl+F in any of the application's windows moves to the search field.

@@ -4,9 +4,9 @@ import Kivora
 // A section title in the settings sidebar.
 Text {
     width: parent ? parent.width : implicitWidth
-    topPadding: 14
-    bottomPadding: 4
-    leftPadding: 10
+    topPadding: Theme.spacingXL
+    bottomPadding: Theme.spacingXS
+    leftPadding: Theme.spacingML
     font.family: Theme.caption.family
     font.pixelSize: Theme.caption.pixelSize
     font.weight: Font.DemiBold

@@ -49,7 +49,7 @@ SettingsContainer {
 
             RowLayout {
                 Layout.fillWidth: true
-                spacing: 12
+                spacing: Theme.spacingL
 
                 Text {
                     Layout.fillWidth: true
@@ -57,9 +57,9 @@ SettingsContainer {
                     font: Theme.body
                     color: Theme.primaryText
                 }
-                MenuPicker {
+                Picker {
                     objectName: "frequencyPicker"
-                    Layout.preferredWidth: 120
+                    Layout.preferredWidth: Theme.narrowControlWidth
                     choices: page.intervals
                     value: Updater.updateCheckInterval
                     onPicked: seconds => Updater.updateCheckInterval = seconds

@@ -11,7 +11,7 @@ RowLayout {
     property bool emphasized: false
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     Text {
         Layout.fillWidth: true

@@ -1,19 +1,10 @@
 #include "settings/profiles/ProfileActions.h"
 
-#include "activation/KeyFileRemoval.h"
-#include "activation/ProfileEdits.h"
+#include "settings/profiles/ScannedKey.h"
 
-#include <QVariantMap>
-
-ProfileActions::ProfileActions(QObject* parent) : QObject(parent) {}
-
-void ProfileActions::setManager(ProfileManager* manager)
+ProfileActions::ProfileActions(ProfileManager& manager, QObject* parent)
+    : QObject(parent), m_manager(manager)
 {
-    if (m_manager == manager) {
-        return;
-    }
-    m_manager = manager;
-    emit managerChanged();
 }
 
 const GitProfile& ProfileActions::newProfileTemplate()
@@ -24,36 +15,23 @@ const GitProfile& ProfileActions::newProfileTemplate()
 
 GitProfile ProfileActions::profileAt(int index) const
 {
-    if (!m_manager || index < 0 || index >= m_manager->profiles().size()) {
-        return GitProfile();
-    }
-    return m_manager->profiles().at(index);
+    return index >= 0 && index < m_manager.profiles().size() ? m_manager.profiles().at(index)
+                                                              : GitProfile();
 }
 
 void ProfileActions::activate(const GitProfile& profile)
 {
-    if (m_manager) {
-        m_manager->applyGlobally(profile);
-    }
+    m_manager.applyGlobally(profile);
 }
 
 QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
 {
-    if (!m_manager) {
-        return {};
-    }
-    QStringList refused;
-    ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey, &refused);
-    return refused.join(u' ');
+    return m_manager.removeProfile(profile, deleteSSHKey).refusedKeyFiles.join(u' ');
 }
 
 QString ProfileActions::keySharedWith(const GitProfile& profile) const
 {
-    if (!m_manager) {
-        return {};
-    }
-    QStringList names =
-        KeyFileRemoval::otherUsers(m_manager->profiles(), profile, m_manager->home());
+    QStringList names = KeyFileRemoval::otherUsers(m_manager.profiles(), profile, m_manager.home());
     for (QString& name : names) {
         name = u'"' + name + u'"';
     }
@@ -66,27 +44,19 @@ QString ProfileActions::keySharedWith(const GitProfile& profile) const
 
 void ProfileActions::addProfile(const GitProfile& profile)
 {
-    if (m_manager) {
-        ProfileEdits::appendProfile(*m_manager, profile);
-    }
+    m_manager.appendProfile(profile);
 }
 
 bool ProfileActions::updateProfile(const GitProfile& profile)
 {
-    return m_manager && ProfileEdits::replaceProfile(*m_manager, profile);
+    return m_manager.updateProfile(profile);
 }
 
 void ProfileActions::addScannedKeys(const QVariantList& entries)
 {
-    if (!m_manager || entries.isEmpty()) {
-        return;
-    }
-    QList<ProfileEdits::ScannedKey> keys;
     for (const QVariant& entry : entries) {
-        const QVariantMap fields = entry.toMap();
-        keys.append({fields.value(QStringLiteral("keyName")).toString(),
-                     fields.value(QStringLiteral("name")).toString(),
-                     fields.value(QStringLiteral("email")).toString()});
+        const auto key = entry.value<ScannedKey>();
+        m_manager.addProfile(key.keyName, key.name, key.email,
+                             QStringLiteral("~/.ssh/") + key.keyName);
     }
-    ProfileEdits::addScannedKeys(*m_manager, keys);
 }

@@ -4,23 +4,16 @@
 #include "model/GitProfile.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QVariantList>
-#include <QtQml/qqmlregistration.h>
 
 // What the profiles page does to the profile list: activate, delete (with or without the key
 // files), add the profile a new-profile editor returns, put an edited profile back in place,
 // and turn the entries of a key scan into profiles. Every change is saved.
 class ProfileActions : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
 
 public:
-    explicit ProfileActions(QObject* parent = nullptr);
-
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
+    explicit ProfileActions(ProfileManager& manager, QObject* parent = nullptr);
 
     // The profile a new-profile editor starts from. It is made once per run of the program,
     // so every profile added through the editor in one run carries its id.
@@ -46,12 +39,10 @@ public:
     // Replaces the first profile with the same id in place. False, and nothing saved, when
     // the id is no longer in the list.
     Q_INVOKABLE bool updateProfile(const GitProfile& profile);
-    // One new profile per entry ({keyName, name, email}), in order; an empty list does nothing.
+    // One new profile per entry of a key scan (scannedKey values), in order, named after the
+    // key file, with the key at "~/.ssh/<key>"; an empty list does nothing.
     Q_INVOKABLE void addScannedKeys(const QVariantList& entries);
 
-signals:
-    void managerChanged();
-
 private:
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
 };

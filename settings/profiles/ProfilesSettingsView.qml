@@ -18,7 +18,7 @@ SettingsContainer {
     // Why key files were kept at the last deletion (empty when nothing was refused).
     property string keyDeletionMessage
 
-    readonly property int profileCount: profileModel.count
+    readonly property int profileCount: Profiles.count
     readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
 
     // The open sheets, for whoever needs to reach them (null when closed).
@@ -32,20 +32,20 @@ SettingsContainer {
     icon: "person.2.fill"
 
     function activate(profile: var) {
-        actions.activate(profile)
+        ProfileActions.activate(profile)
     }
 
     function deleteProfile(profile: var, deleteSSHKey: bool) {
-        page.keyDeletionMessage = actions.deleteProfile(profile, deleteSSHKey)
+        page.keyDeletionMessage = ProfileActions.deleteProfile(profile, deleteSSHKey)
     }
 
     // What the editor returns: a new profile is appended as it is, an edited one replaces the
     // profile with its id (nothing happens when that profile is gone).
     function saveEditedProfile(profile: var) {
         if (page.isAddingProfile) {
-            actions.addProfile(profile)
+            ProfileActions.addProfile(profile)
         } else {
-            actions.updateProfile(profile)
+            ProfileActions.updateProfile(profile)
         }
     }
 
@@ -55,17 +55,7 @@ SettingsContainer {
     }
 
     function addScannedKeys(entries: var) {
-        actions.addScannedKeys(entries)
-    }
-
-    ProfileListModel {
-        id: profileModel
-        manager: ProfileManager
-    }
-
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
+        ProfileActions.addScannedKeys(entries)
     }
 
     Instantiator {
@@ -79,7 +69,7 @@ SettingsContainer {
             ProfileEditorSheet {
                 id: editor
                 objectName: "profileEditorSheet"
-                profile: page.isAddingProfile ? actions.profileTemplate() : page.editingProfile
+                profile: page.isAddingProfile ? ProfileActions.profileTemplate() : page.editingProfile
                 onSaved: profile => page.saveEditedProfile(profile)
                 onDismissed: page.closeEditor()
             }
@@ -92,9 +82,11 @@ SettingsContainer {
         delegate: SheetWindow {
             title: "Scan SSH Keys"
             owner: page.Window.window
-            onDismissRequested: page.showScanSheet = false
+            // Escape or the window's close button: what that means depends on the step.
+            onDismissRequested: keyScanSheet.cancel()
 
             ScanSSHKeysSheet {
+                id: keyScanSheet
                 objectName: "scanSSHKeysSheet"
                 onScanned: entries => page.addScannedKeys(entries)
                 onDismissed: page.showScanSheet = false
@@ -106,14 +98,14 @@ SettingsContainer {
         id: profileListSection
         objectName: "profileListSection"
         Layout.fillWidth: true
-        spacing: 16
+        spacing: Theme.spacingXXL
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 10
+            spacing: Theme.spacingML
 
             ColumnLayout {
-                spacing: 2
+                spacing: Theme.spacingXXS
                 Text {
                     text: "Your Profiles"
                     font: Theme.headline
@@ -129,13 +121,13 @@ SettingsContainer {
 
             Item { Layout.fillWidth: true }
 
-            SheetButton {
+            PushButton {
                 objectName: "scanButton"
                 text: "Scan SSH Keys"
                 symbol: "magnifyingglass"
                 onClicked: page.showScanSheet = true
             }
-            SheetButton {
+            PushButton {
                 objectName: "addButton"
                 text: "Add Profile"
                 symbol: "plus"
@@ -158,15 +150,15 @@ SettingsContainer {
             objectName: "emptyState"
             visible: page.profileCount === 0
             Layout.fillWidth: true
-            Layout.topMargin: 48
-            spacing: 8
+            Layout.topMargin: 2 * Theme.spacingPage
+            spacing: Theme.spacingM
 
             SymbolIcon {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.bottomMargin: 4
+                Layout.bottomMargin: Theme.spacingXS
                 name: "person.2"
                 color: Theme.secondaryText
-                size: 44
+                size: Theme.largeTitleSymbolSize
             }
             Text {
                 Layout.fillWidth: true
@@ -189,21 +181,21 @@ SettingsContainer {
             objectName: "profileList"
             visible: page.profileCount > 0
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.spacingM
 
             Repeater {
-                model: profileModel
+                model: Profiles
                 delegate: ProfileSettingsRow {
                     required property int index
                     required isActive
+                    required profile
 
                     objectName: "profileRow:" + index
                     width: profileList.width
-                    profile: actions.profileAt(index)
                     // Read again whenever the list changes: another profile may take the key.
                     keySharedWith: {
                         ProfileManager.profiles
-                        return actions.keySharedWith(profile)
+                        return ProfileActions.keySharedWith(profile)
                     }
                     onActivateRequested: page.activate(profile)
                     onEditRequested: page.editingProfile = profile

@@ -9,10 +9,12 @@
 #include <QtQml/qqmlregistration.h>
 
 // The profile editor's commit-signing fields: the key and the switch, read from the profile
-// manager's signing settings when the editor opens and written back when it saves.
+// manager's signing settings when the editor opens and written back when it saves. The editor
+// (ProfileEditor) owns it.
 class SigningForm : public QObject {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("A profile editor keeps one for its signing section.")
     Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
     Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)
     Q_PROPERTY(bool signCommits READ signCommits WRITE setSignCommits NOTIFY signCommitsChanged)

@@ -9,6 +9,7 @@
 #include <memory>
 
 class LocalHttpServer;
+class ProfileManager;
 class QTcpServer;
 
 // What the profiles page tests arrange and inspect beyond the shared fixture: files in the
@@ -19,7 +20,7 @@ class ProfilesFixture : public QObject {
     Q_OBJECT
 
 public:
-    ProfilesFixture();
+    explicit ProfilesFixture(ProfileManager& manager);
     ~ProfilesFixture() override;
 
     // Files under the temporary home folder (folders made on the way).
@@ -67,6 +68,7 @@ public slots:
 private:
     QString homeFile(const QString& relative) const;
 
+    ProfileManager& m_manager;
     QStringList m_openedUrls;
     std::unique_ptr<LocalHttpServer> m_server;
     std::unique_ptr<QTcpServer> m_silentServer;

@@ -129,20 +129,20 @@ Item {
         function test_textStyleChangesThePreviewAtOnce() {
             const page = makePage()
             const preview = findChild(page, "preview")
-            verify(findChild(preview, "previewDot").visible)
-            verify(!findChild(preview, "previewLetter").visible)
+            verify(findChild(preview, "styleDot").visible)
+            verify(!findChild(preview, "styleLetter").visible)
 
             mouseClick(segment(page, "iconStylePicker", "Text"))
             compare(SettingsManager.menuBarIconStyle, "text")
             compare(stored("menuBarIconStyle"), "text")
             verify(segment(page, "iconStylePicker", "Text").selected)
-            const letter = findChild(preview, "previewLetter")
+            const letter = findChild(preview, "styleLetter")
             verify(letter.visible)
             compare(letter.text, "K")
             verify(letter.font.bold)
             compare(letter.font.pixelSize, 16)
-            verify(!findChild(preview, "previewDot").visible)
-            verify(!findChild(preview, "previewLogo").visible)
+            verify(!findChild(preview, "styleDot").visible)
+            verify(!findChild(preview, "styleLogo").visible)
             compare(findChild(page, "iconStyleDescription").text,
                     "Text 'K' displayed in the menu bar")
         }
@@ -152,7 +152,7 @@ Item {
             mouseClick(segment(page, "iconStylePicker", "Full Logo"))
             compare(SettingsManager.menuBarIconStyle, "full")
             compare(stored("menuBarIconStyle"), "full")
-            const logo = findChild(findChild(page, "preview"), "previewLogo")
+            const logo = findChild(findChild(page, "preview"), "styleLogo")
             verify(logo.visible)
             compare(logo.width, 24)
             compare(logo.height, 24)
@@ -162,7 +162,7 @@ Item {
             mouseClick(segment(page, "iconStylePicker", "Dot"))
             compare(SettingsManager.menuBarIconStyle, "dot")
             compare(stored("menuBarIconStyle"), "dot")
-            const dot = findChild(findChild(page, "preview"), "previewDot")
+            const dot = findChild(findChild(page, "preview"), "styleDot")
             verify(dot.visible)
             compare(dot.width, 20)
             compare(dot.height, 20)
@@ -214,7 +214,7 @@ Item {
             verify(!toggle.checked)
             SettingsManager.menuBarIconStyle = "text"
             verify(segment(page, "iconStylePicker", "Text").selected)
-            verify(findChild(findChild(page, "preview"), "previewLetter").visible)
+            verify(findChild(findChild(page, "preview"), "styleLetter").visible)
         }
 
         function test_previewButtonsDoNothing() {

@@ -13,10 +13,7 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
@@ -39,7 +36,7 @@ Item {
         function makeEditor(gitEmail) {
             const editor = createTemporaryObject(editorComponent, stage,
                                                  { profile: actions.profileTemplate() })
-            editor.gitEmail = gitEmail
+            editor.form.gitEmail = gitEmail
             return editor
         }
 
@@ -55,7 +52,7 @@ Item {
         // Opens the generation form from the editor's "Generate" button.
         function openForm(editor) {
             mouseClick(findChild(editor, "generateButton"))
-            verify(editor.showGenerateKeySheet)
+            verify(editor.form.showGenerateKeySheet)
             const form = editor.generateKeySheet
             verify(form)
             waitForRendering(form)
@@ -94,20 +91,20 @@ Item {
             const editor = makeEditor("ada@example.com")
             generate(openForm(editor))
             // The form closes as soon as ssh-keygen has finished.
-            verify(!editor.showGenerateKeySheet)
+            verify(!editor.form.showGenerateKeySheet)
             compare(editor.generateKeySheet, null)
             verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519"))
             verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519.pub"))
             compare(publicKeyComment("id_ed25519"), "ada@example.com")
-            compare(editor.sshKeyPath, "~/.ssh/id_ed25519")
+            compare(editor.form.sshKeyPath, "~/.ssh/id_ed25519")
             compare(findChild(editor, "sshKeyPathField").text, "~/.ssh/id_ed25519")
             // No passphrase: the key opens with an empty one.
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
                                                   ProfilesFixture.homePath() + "/.ssh/id_ed25519"]), 0)
 
             // The copy happens half a second later, not at once.
-            verify(!editor.showCopyKeySheet)
-            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            verify(!editor.form.showCopyKeySheet)
+            tryCompare(editor.form, "showCopyKeySheet", true, 5000)
             compare(ProfilesFixture.clipboardText(),
                     ProfilesFixture.homeFileText(".ssh/id_ed25519.pub"))
             verify(ProfilesFixture.clipboardText().endsWith("\n"))
@@ -127,7 +124,7 @@ Item {
             compare(ProfilesFixture.openedUrls()[ProfilesFixture.openedUrls().length - 1],
                     "https://github.com/settings/keys")
             mouseClick(findChild(confirmation, "doneButton"))
-            verify(!editor.showCopyKeySheet)
+            verify(!editor.form.showCopyKeySheet)
             compare(editor.copyKeySheet, null)
         }
 
@@ -137,15 +134,15 @@ Item {
             typeInto(findChild(form, "keyFilenameField"), "locked")
             mouseClick(findChild(form, "passphraseSwitch"))
             typeInto(findChild(form, "passphraseField"), "open sesame")
-            compare(editor.keyFilename, "locked")
-            compare(editor.usePassphrase, true)
-            compare(editor.passphrase, "open sesame")
+            compare(editor.form.keyFilename, "locked")
+            compare(editor.form.usePassphrase, true)
+            compare(editor.form.passphrase, "open sesame")
             generate(form)
-            compare(editor.sshKeyPath, "~/.ssh/locked")
+            compare(editor.form.sshKeyPath, "~/.ssh/locked")
             const key = ProfilesFixture.homePath() + "/.ssh/locked"
             verify(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f", key]) !== 0)
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "open sesame", "-f", key]), 0)
-            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            tryCompare(editor.form, "showCopyKeySheet", true, 5000)
             compare(ProfilesFixture.clipboardText(), ProfilesFixture.homeFileText(".ssh/locked.pub"))
         }
 
@@ -155,7 +152,7 @@ Item {
             typeInto(findChild(form, "keyFilenameField"), "open")
             mouseClick(findChild(form, "passphraseSwitch"))
             generate(form)
-            compare(editor.sshKeyPath, "~/.ssh/open")
+            compare(editor.form.sshKeyPath, "~/.ssh/open")
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
                                                   ProfilesFixture.homePath() + "/.ssh/open"]), 0)
         }
@@ -173,17 +170,17 @@ Item {
             ProfilesFixture.writeHomeFile(".ssh/taken", "private\n")
             ProfilesFixture.writeHomeFile(".ssh/taken.pub", "ssh-ed25519 AAAA old\n")
             const editor = makeEditor("ada@example.com")
-            editor.sshKeyPath = "~/.ssh/other"
+            editor.form.sshKeyPath = "~/.ssh/other"
             const form = openForm(editor)
             typeInto(findChild(form, "keyFilenameField"), "taken")
             generate(form)
-            verify(!editor.showGenerateKeySheet)
+            verify(!editor.form.showGenerateKeySheet)
             compare(ProfilesFixture.homeFileText(".ssh/taken"), "private\n")
             compare(ProfilesFixture.homeFileText(".ssh/taken.pub"), "ssh-ed25519 AAAA old\n")
-            compare(editor.sshKeyPath, "~/.ssh/other")
+            compare(editor.form.sshKeyPath, "~/.ssh/other")
             // Nothing is copied and no confirmation comes.
             wait(900)
-            verify(!editor.showCopyKeySheet)
+            verify(!editor.form.showCopyKeySheet)
             compare(ProfilesFixture.clipboardText(), "before")
         }
 
@@ -192,7 +189,7 @@ Item {
             const editor = makeEditor("ada@example.com")
             generate(openForm(editor))
             verify(!ProfilesFixture.homeFileExists(".ssh"))
-            compare(editor.sshKeyPath, "")
+            compare(editor.form.sshKeyPath, "")
         }
 
         function test_formIsResetAfterAnAttempt() {
@@ -202,9 +199,9 @@ Item {
             mouseClick(findChild(form, "passphraseSwitch"))
             typeInto(findChild(form, "passphraseField"), "pw")
             generate(form)
-            compare(editor.keyFilename, "")
-            compare(editor.usePassphrase, false)
-            compare(editor.passphrase, "")
+            compare(editor.form.keyFilename, "")
+            compare(editor.form.usePassphrase, false)
+            compare(editor.form.passphrase, "")
 
             form = openForm(editor)
             compare(findChild(form, "keyFilenameField").text, "")
@@ -221,9 +218,9 @@ Item {
             mouseClick(findChild(form, "passphraseSwitch"))
             typeInto(findChild(form, "passphraseField"), "pw")
             mouseClick(findChild(form, "cancelButton"))
-            verify(!editor.showGenerateKeySheet)
+            verify(!editor.form.showGenerateKeySheet)
             verify(!ProfilesFixture.homeFileExists(".ssh/later"))
-            compare(editor.sshKeyPath, "")
+            compare(editor.form.sshKeyPath, "")
 
             form = openForm(editor)
             compare(findChild(form, "keyFilenameField").text, "later")

@@ -175,7 +175,7 @@ Item {
                                   "These features are coming soon in a future update."])
             // Entries only: no switch on this page.
             const walk = item => {
-                verify(!(item instanceof ToggleSwitch))
+                verify(!(item instanceof Toggle))
                 for (let i = 0; i < item.children.length; ++i)
                     walk(item.children[i])
             }
@@ -221,24 +221,33 @@ Item {
                    > findChild(page, "link:Privacy Policy").mapToItem(page, 0, 0).y)
         }
 
-        function test_startAtLoginSwitch() {
+        // The titles of the page's sections, top to bottom.
+        function sectionTitles(page) {
+            const titles = []
+            const walk = item => {
+                if (item.objectName === "sectionHeader" && item.visible)
+                    titles.push(item.children[0].text)
+                for (let i = 0; i < item.children.length; ++i)
+                    walk(item.children[i])
+            }
+            walk(page)
+            return titles
+        }
+
+        function test_aboutHasExactlyItsSections() {
             const page = makePage(aboutPage)
-            const row = findChild(page, "startAtLoginRow")
-            const toggle = findChild(row, "toggle")
-            compare(findChild(row, "toggleTitle").text, "Start at login")
-            const entry = Autostart.path
-            verify(entry.endsWith("/autostart/kivora.desktop"))
-            // A fresh home has no entry.
-            verify(!toggle.checked)
-            mouseClick(toggle)
-            verify(Autostart.enabled)
-            verify(toggle.checked)
-            verify(Fixture.homeFileExists(".config/autostart/kivora.desktop"))
-            mouseClick(toggle)
-            verify(!Autostart.enabled)
-            verify(!toggle.checked)
-            verify(!Fixture.homeFileExists(".config/autostart/kivora.desktop"))
-            verify(!findChild(page, "startAtLoginError").visible)
+            // Start at login is the tray menu's, not this page's.
+            compare(sectionTitles(page), ["App Info", "Description", "Quick Links"])
+            verify(findChild(page, "startAtLoginRow") === null)
+            const texts = []
+            const walk = item => {
+                if (item.text !== undefined)
+                    texts.push(String(item.text))
+                for (let i = 0; i < item.children.length; ++i)
+                    walk(item.children[i])
+            }
+            walk(page)
+            verify(!texts.some(text => text.toLowerCase().indexOf("login") >= 0), texts.join("|"))
         }
 
         function test_linksOpenTheBrowser() {

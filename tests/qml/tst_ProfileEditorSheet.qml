@@ -13,10 +13,7 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
@@ -134,12 +131,12 @@ Item {
             compare(field(editor, "generateButton").text, "Generate")
             compare(field(editor, "generateButton").symbol, "key.fill")
             compare(field(editor, "aiEnabledSwitch").text, "Enable AI Context")
-            compare(editor.aiProvider, "OpenAI")
-            compare(editor.aiModel, "gpt-4o")
+            compare(editor.form.providerName, "OpenAI")
+            compare(editor.form.model, "gpt-4o")
             // The AI details show only while AI is on.
             verify(!field(editor, "aiDetails").visible)
             press(editor, "aiEnabledSwitch")
-            verify(editor.aiEnabled)
+            verify(editor.form.aiEnabled)
             verify(field(editor, "aiDetails").visible)
             compare(field(editor, "providerPicker").model,
                     ["OpenAI", "Anthropic", "Google", "Azure OpenAI", "Local"])
@@ -153,11 +150,11 @@ Item {
 
         function test_providerSymbols() {
             const editor = makeEditor(actions.profileTemplate())
-            compare(editor.providerSymbol("OpenAI"), "sparkles")
-            compare(editor.providerSymbol("Anthropic"), "brain.head.profile")
-            compare(editor.providerSymbol("Google"), "g.circle")
-            compare(editor.providerSymbol("Local"), "desktopcomputer")
-            compare(editor.providerSymbol("Azure OpenAI"), "cloud.fill")
+            compare(editor.form.providerSymbol("OpenAI"), "sparkles")
+            compare(editor.form.providerSymbol("Anthropic"), "brain.head.profile")
+            compare(editor.form.providerSymbol("Google"), "g.circle")
+            compare(editor.form.providerSymbol("Local"), "desktopcomputer")
+            compare(editor.form.providerSymbol("Azure OpenAI"), "cloud.fill")
         }
 
         function test_editorCopiesTheProfile() {
@@ -171,9 +168,9 @@ Item {
             compare(field(editor, "gitEmailField").text, "ada@work.example")
             compare(field(editor, "sshKeyPathField").text, "~/.ssh/id_work")
             verify(field(editor, "aiEnabledSwitch").checked)
-            compare(editor.aiProvider, "Google")
+            compare(editor.form.providerName, "Google")
             // The stored model is kept, not replaced by the provider's default.
-            compare(editor.aiModel, "gemini-pro")
+            compare(editor.form.model, "gemini-pro")
             compare(field(editor, "modelPicker").displayText, "gemini-pro")
             compare(field(editor, "apiKeyField").text, "g-key")
         }
@@ -216,11 +213,11 @@ Item {
             const editor = makeEditor(actions.profileTemplate())
             press(editor, "aiEnabledSwitch")
             pick(field(editor, "modelPicker"), "gpt-4-turbo")
-            compare(editor.aiModel, "gpt-4-turbo")
+            compare(editor.form.model, "gpt-4-turbo")
 
             pick(field(editor, "providerPicker"), "Local")
-            compare(editor.aiProvider, "Local")
-            compare(editor.aiModel, "llama")
+            compare(editor.form.providerName, "Local")
+            compare(editor.form.model, "llama")
             compare(field(editor, "modelPicker").model, ["llama", "mistral", "codellama"])
             verify(!field(editor, "apiKeyRow").visible)
             verify(field(editor, "baseURLRow").visible)
@@ -228,18 +225,18 @@ Item {
             compare(field(editor, "localHint").text, "e.g., http://localhost:11434")
 
             pick(field(editor, "providerPicker"), "Azure OpenAI")
-            compare(editor.aiModel, "gpt-4")
+            compare(editor.form.model, "gpt-4")
             compare(field(editor, "modelPicker").model, ["gpt-4", "gpt-35-turbo"])
             verify(field(editor, "baseURLRow").visible)
             verify(!field(editor, "localHint").visible)
             verify(field(editor, "apiKeyRow").visible)
 
             pick(field(editor, "providerPicker"), "Anthropic")
-            compare(editor.aiModel, "claude-3-5-sonnet")
+            compare(editor.form.model, "claude-3-5-sonnet")
             verify(!field(editor, "baseURLRow").visible)
 
             pick(field(editor, "providerPicker"), "Google")
-            compare(editor.aiModel, "gemini-1.5-pro")
+            compare(editor.form.model, "gemini-1.5-pro")
         }
 
         function test_saveClearsCustomHeadersAndKeepsDisabledAI() {
@@ -263,14 +260,14 @@ Item {
 
         function test_aiFieldsAreStoredWhenSwitchedOff() {
             const editor = makeEditor(actions.profileTemplate())
-            editor.name = "N"
-            editor.gitName = "G"
-            editor.gitEmail = "e@example.com"
+            editor.form.name = "N"
+            editor.form.gitName = "G"
+            editor.form.gitEmail = "e@example.com"
             press(editor, "aiEnabledSwitch")
             pick(field(editor, "providerPicker"), "Local")
             typeInto(field(editor, "baseURLField"), "http://box:11434")
             press(editor, "aiEnabledSwitch")
-            verify(!editor.aiEnabled)
+            verify(!editor.form.aiEnabled)
             press(editor, "saveButton")
             const saved = savedSpy.signalArguments[0][0]
             compare(saved.aiConfig.isEnabled, false)
@@ -285,9 +282,9 @@ Item {
             pick(field(editor, "providerPicker"), "Anthropic")
             press(editor, "testConnectionButton")
             // Delivered before the click returns.
-            compare(editor.testingConnection, false)
-            compare(editor.connectionSuccess, false)
-            compare(editor.connectionStatus, "API key not configured")
+            compare(editor.form.testingConnection, false)
+            compare(editor.form.connectionSuccess, false)
+            compare(editor.form.connectionStatus, "API key not configured")
             verify(field(editor, "connectionStatusLine").visible)
             compare(field(editor, "connectionStatusText").text, "API key not configured")
             compare(field(editor, "connectionStatusMark").name, "xmark.circle.fill")
@@ -300,12 +297,12 @@ Item {
             press(editor, "aiEnabledSwitch")
             pick(field(editor, "providerPicker"), "Local")
             typeInto(field(editor, "baseURLField"), address)
-            compare(editor.aiBaseURL, address)
+            compare(editor.form.baseURL, address)
             press(editor, "testConnectionButton")
-            tryCompare(editor, "testingConnection", false, 20000)
+            tryCompare(editor.form, "testingConnection", false, 20000)
             verify(!findChild(field(editor, "testConnectionButton"), "spinner").visible)
-            compare(editor.connectionSuccess, true)
-            compare(editor.connectionStatus, "Connected to local AI server successfully")
+            compare(editor.form.connectionSuccess, true)
+            compare(editor.form.connectionStatus, "Connected to local AI server successfully")
             compare(field(editor, "connectionStatusMark").name, "checkmark.circle.fill")
             compare(field(editor, "connectionStatusMark").color, Theme.green)
             compare(ProfilesFixture.modelServerRequests(), ["GET /api/tags"])
@@ -315,9 +312,9 @@ Item {
             const failing = ProfilesFixture.startModelServer(401)
             typeInto(field(editor, "baseURLField"), failing)
             press(editor, "testConnectionButton")
-            tryCompare(editor, "testingConnection", false, 20000)
-            compare(editor.connectionSuccess, false)
-            compare(editor.connectionStatus, "Could not connect to local server")
+            tryCompare(editor.form, "testingConnection", false, 20000)
+            compare(editor.form.connectionSuccess, false)
+            compare(editor.form.connectionStatus, "Could not connect to local server")
             compare(field(editor, "connectionStatusMark").color, Theme.red)
         }
 
@@ -326,21 +323,21 @@ Item {
             const editor = makeEditor(actions.profileTemplate())
             press(editor, "aiEnabledSwitch")
             pick(field(editor, "providerPicker"), "Local")
-            editor.connectionStatus = "an earlier verdict"
+            editor.form.connectionStatus = "an earlier verdict"
             typeInto(field(editor, "baseURLField"), address)
             press(editor, "testConnectionButton")
             // No answer comes: the button shows its spinner and the old status is gone.
-            verify(editor.testingConnection)
+            verify(editor.form.testingConnection)
             verify(findChild(field(editor, "testConnectionButton"), "spinner").visible)
-            compare(editor.connectionStatus, null)
+            compare(editor.form.connectionStatus, null)
             verify(!field(editor, "connectionStatusLine").visible)
         }
 
         function test_cancelDismissesWithoutSaving() {
             const editor = makeEditor(actions.profileTemplate())
-            editor.name = "N"
-            editor.gitName = "G"
-            editor.gitEmail = "e@example.com"
+            editor.form.name = "N"
+            editor.form.gitName = "G"
+            editor.form.gitEmail = "e@example.com"
             press(editor, "cancelButton")
             compare(dismissedSpy.count, 1)
             compare(savedSpy.count, 0)

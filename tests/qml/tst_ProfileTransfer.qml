@@ -8,10 +8,7 @@ import KivoraTest
 TestCase {
     name: "ProfileTransfer"
 
-    ProfileTransfer {
-        id: transfer
-        manager: ProfileManager
-    }
+    readonly property QtObject transfer: ProfileTransfer
 
     function homeUrl(relative) {
         return "file://" + ProfilesFixture.homePath() + "/" + relative

@@ -111,9 +111,9 @@ Item {
         }
 
         function fillEditor(editor, name, gitName, gitEmail) {
-            editor.name = name
-            editor.gitName = gitName
-            editor.gitEmail = gitEmail
+            editor.form.name = name
+            editor.form.gitName = gitName
+            editor.form.gitEmail = gitEmail
         }
 
         function test_countLineIsSingularOnlyForOne() {
@@ -156,8 +156,8 @@ Item {
                         "User " + (i + 1) + " · user" + (i + 1) + "@example.com")
                 compare(target.isActive, i === 0)
             }
-            compare(findChild(row(page, 0), "activeMark").color, Theme.green)
-            compare(findChild(row(page, 1), "activeMark").color, Qt.rgba(0, 0, 0, 0))
+            compare(findChild(row(page, 0), "statusDot").color, Theme.green)
+            compare(findChild(row(page, 1), "statusDot").color, Qt.rgba(0, 0, 0, 0))
         }
 
         function test_hoverShowsEditAndDelete() {
@@ -325,13 +325,15 @@ Item {
             const editor = page.editorSheet
             verify(editor)
             compare(editor.title, "Edit Profile")
-            compare(editor.name, "Profile 2")
+            compare(editor.form.name, "Profile 2")
             compare(editor.Window.window.title, "Edit Profile")
             compare(editor.Window.window.width, 500)
-            compare(editor.Window.window.height, 680)
+            // Never taller than the window it belongs to: in a window as short as the settings
+            // window the sheet is shorter, and its form scrolls.
+            verify(editor.Window.window.height < page.Window.window.height)
 
             // Cancel discards.
-            editor.name = "Changed"
+            editor.form.name = "Changed"
             mouseClick(findChild(editor, "cancelButton"))
             compare(page.editingProfile, null)
             compare(page.editorSheet, null)
@@ -345,7 +347,7 @@ Item {
             mouseClick(rowButton(page, 1, "editButton"))
             const editor = page.editorSheet
             typeInto(findChild(editor, "nameField"), "Renamed")
-            compare(editor.name, "Renamed")
+            compare(editor.form.name, "Renamed")
             mouseClick(findChild(editor, "saveButton"))
             compare(page.editorSheet, null)
             compare(Fixture.profileNames(), ["Profile 1", "Renamed", "Profile 3"])
@@ -366,7 +368,7 @@ Item {
             ProfilesFixture.arrangeProfiles([{ name: "Other", gitName: "O", gitEmail: "o@example.com" }],
                                             -1)
             const before = ProfilesFixture.homeFileText(".git-switcher/profiles.json")
-            editor.name = "Edited"
+            editor.form.name = "Edited"
             mouseClick(findChild(editor, "saveButton"))
             compare(page.editorSheet, null)
             compare(Fixture.profileNames(), ["Other"])
@@ -388,7 +390,7 @@ Item {
 
             mouseClick(findChild(page, "addButton"))
             editor = page.editorSheet
-            compare(editor.name, "")
+            compare(editor.form.name, "")
             fillEditor(editor, "Home", "Ada L", "ada@home.example")
             mouseClick(findChild(editor, "saveButton"))
             compare(Fixture.profileNames(), ["Profile 1", "Work", "Home"])
@@ -425,12 +427,12 @@ Item {
             verify(sheet)
             compare(sheet.Window.window.title, "Scan SSH Keys")
             compare(sheet.Window.window.width, 450)
-            tryCompare(sheet, "isScanning", false)
+            tryCompare(sheet.session, "isScanning", false)
             // Plain order: upper case first.
-            compare(sheet.keys, ["Laptop", "id_ed25519", "id_rsa_Work"])
+            compare(sheet.session.keys, ["Laptop", "id_ed25519", "id_rsa_Work"])
             for (let i = 0; i < 3; ++i) {
-                sheet.gitName = "Name " + i
-                sheet.gitEmail = "mail" + i + "@example.com"
+                sheet.session.gitName = "Name " + i
+                sheet.session.gitEmail = "mail" + i + "@example.com"
                 mouseClick(findChild(sheet, "addButton"))
             }
             compare(findChild(sheet, "createdText").text, "3 profiles created")
@@ -453,7 +455,7 @@ Item {
             const page = makePage()
             mouseClick(findChild(page, "scanButton"))
             const sheet = page.scanSheet
-            tryCompare(sheet, "isScanning", false)
+            tryCompare(sheet.session, "isScanning", false)
             compare(findChild(sheet, "createdText").text, "0 profiles created")
             mouseClick(findChild(sheet, "doneButton"))
             compare(page.scanSheet, null)

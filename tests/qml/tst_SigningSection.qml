@@ -14,10 +14,7 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
@@ -88,7 +85,7 @@ Item {
             const picker = findChild(editor, "signingKeyPicker")
             compare(picker.model, ["~/.ssh/id_work.pub", "~/.ssh/id_alpha.pub"])
             // A profile without a key is offered every key in the folder.
-            editor.sshKeyPath = ""
+            editor.form.sshKeyPath = ""
             compare(picker.model, ["~/.ssh/id_alpha.pub", "~/.ssh/id_work.pub"])
         }
 

@@ -6,7 +6,7 @@ Item {
     id: spinner
 
     property color color: Theme.secondaryText
-    property int size: 14
+    property int size: Theme.symbolL
 
     implicitWidth: size
     implicitHeight: size

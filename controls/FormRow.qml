@@ -10,10 +10,10 @@ RowLayout {
     default property alias control: holder.data
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     Text {
-        Layout.preferredWidth: 92
+        Layout.preferredWidth: Theme.formLabelWidth
         Layout.alignment: Qt.AlignVCenter
         text: formRow.label
         font: Theme.body
@@ -24,6 +24,6 @@ RowLayout {
     RowLayout {
         id: holder
         Layout.fillWidth: true
-        spacing: 8
+        spacing: Theme.spacingM
     }
 }

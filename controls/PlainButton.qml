@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Kivora
 
-// A borderless text button with an optional leading symbol, as the popover's footer uses.
+// A borderless text button with an optional leading symbol, as the popover's footer and the
+// sheets' title bars use. Focus shows as a faint background.
 AbstractButton {
     id: button
 
@@ -11,17 +12,17 @@ AbstractButton {
     property font textFont: Theme.subheadline
 
     hoverEnabled: true
-    padding: 4
-    leftPadding: 6
-    rightPadding: 6
+    padding: Theme.spacingXS
+    leftPadding: Theme.spacingS
+    rightPadding: Theme.spacingS
 
     contentItem: Row {
-        spacing: 5
+        spacing: Theme.spacingXS
         SymbolIcon {
             visible: button.symbol.length > 0
             name: button.symbol
             color: button.foreground
-            size: 13
+            size: Theme.symbolM
             anchors.verticalCenter: parent.verticalCenter
         }
         Text {
@@ -35,10 +36,8 @@ AbstractButton {
     background: Rectangle {
         radius: Theme.smallRadius
         color: button.pressed ? Theme.controlBackground
-                              : button.hovered ? Qt.rgba(Theme.controlBackground.r,
-                                                         Theme.controlBackground.g,
-                                                         Theme.controlBackground.b, 0.7)
-                                               : "transparent"
+                              : button.hovered || button.visualFocus
+                                ? Theme.faded(Theme.controlBackground, 0.7) : "transparent"
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
     }
 }

@@ -3,7 +3,8 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // A bordered push button with an optional leading symbol and spinner. `prominent` fills it
-// with the accent colour (the default action); `destructive` draws its label in red.
+// with the accent colour (the default action); `destructive` draws its label in red. It takes
+// the keyboard focus like any button and shows it with an accent border.
 Button {
     id: button
 
@@ -18,32 +19,33 @@ Button {
 
     hoverEnabled: true
     font: Theme.body
-    leftPadding: 14
-    rightPadding: 14
-    topPadding: 6
-    bottomPadding: 6
+    leftPadding: Theme.spacingXL
+    rightPadding: Theme.spacingXL
+    topPadding: Theme.spacingS
+    bottomPadding: Theme.spacingS
     opacity: enabled ? 1 : 0.45
 
     contentItem: Item {
-        implicitWidth: children[0].implicitWidth
-        implicitHeight: children[0].implicitHeight
+        implicitWidth: content.implicitWidth
+        implicitHeight: content.implicitHeight
 
         Row {
+            id: content
             anchors.centerIn: parent
-            spacing: 6
+            spacing: Theme.spacingS
 
-            SheetSpinner {
+            Spinner {
                 objectName: "spinner"
                 visible: button.busy
                 color: button.foreground
-                size: 13
+                size: Theme.symbolM
                 anchors.verticalCenter: parent.verticalCenter
             }
             SymbolIcon {
                 visible: button.symbol.length > 0
                 name: button.symbol
                 color: button.foreground
-                size: 14
+                size: Theme.symbolL
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
@@ -56,15 +58,14 @@ Button {
     }
 
     background: Rectangle {
-        implicitWidth: 80
-        implicitHeight: 30
-        radius: 7
+        implicitWidth: Theme.buttonWidth
+        implicitHeight: Theme.controlHeight
+        radius: Theme.controlRadius
         color: button.prominent
                ? (button.pressed ? Qt.darker(Theme.accent, 1.15) : Theme.accent)
                : (button.pressed ? Theme.controlBackground
                                  : button.hovered && button.enabled
-                                   ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
-                                             Theme.controlBackground.b, 0.6)
+                                   ? Theme.faded(Theme.controlBackground, 0.6)
                                    : Theme.cardBackground)
         border.width: button.prominent && !button.visualFocus ? 0 : 1
         border.color: button.visualFocus ? Theme.accent : Theme.border

@@ -1,0 +1,386 @@
+#include "settings/profiles/ProfileEditor.h"
+
+#include "activation/ProfileManager.h"
+#include "activation/SSHKeyGenerator.h"
+#include "ai/AIContextManager.h"
+#include "app/KivoraApp.h"
+#include "model/HomePath.h"
+#include "settings/profiles/ProfileRuleList.h"
+#include "settings/profiles/SigningForm.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QQmlEngine>
+
+namespace {
+
+// How long after a key is made its public half goes onto the clipboard.
+constexpr int copyDelayMs = 500;
+
+template <typename T>
+bool assign(T& member, const T& value)
+{
+    if (member == value) {
+        return false;
+    }
+    member = value;
+    return true;
+}
+
+} // namespace
+
+ProfileEditor::ProfileEditor(QObject* parent)
+    : QObject(parent), m_signing(new SigningForm(this)), m_rules(new ProfileRuleList(this))
+{
+    // The rule section collects its changes until save().
+    m_rules->setStaged(true);
+    m_copyTimer.setSingleShot(true);
+    m_copyTimer.setInterval(copyDelayMs);
+    connect(&m_copyTimer, &QTimer::timeout, this, [this] {
+        if (copyPublicKeyToClipboard(m_pendingPublicKey)) {
+            setShowCopyKeySheet(true);
+        }
+    });
+}
+
+ProfileEditor::ProfileEditor(ProfileManager& manager, AIContextManager& aiContext,
+                             QObject* parent)
+    : ProfileEditor(parent)
+{
+    attach(manager, aiContext);
+}
+
+ProfileEditor::~ProfileEditor() = default;
+
+void ProfileEditor::classBegin()
+{
+    KivoraApp& app = KivoraApp::from(qmlEngine(this));
+    attach(app.profileManager(), app.aiContext());
+}
+
+void ProfileEditor::attach(ProfileManager& manager, AIContextManager& aiContext)
+{
+    m_manager = &manager;
+    m_aiContext = &aiContext;
+    m_signing->setManager(&manager);
+    m_rules->setManager(&manager);
+    loadSections();
+}
+
+void ProfileEditor::setProfile(const GitProfile& profile)
+{
+    m_profile = profile;
+    const AIConfig& config = profile.aiConfig;
+    // Copied as stored: the stored model stays even when it is not its provider's first.
+    m_name = profile.name;
+    m_gitName = profile.gitName;
+    m_gitEmail = profile.gitEmail;
+    m_sshKeyPath = profile.sshKeyPath;
+    m_aiEnabled = config.isEnabled;
+    m_provider = config.provider;
+    m_model = config.model;
+    m_apiKey = config.apiKey;
+    m_baseURL = config.baseURL;
+    m_handedOver = false;
+    for (const auto signal :
+         {&ProfileEditor::profileChanged, &ProfileEditor::nameChanged,
+          &ProfileEditor::gitNameChanged, &ProfileEditor::gitEmailChanged,
+          &ProfileEditor::sshKeyPathChanged, &ProfileEditor::validityChanged,
+          &ProfileEditor::aiEnabledChanged, &ProfileEditor::providerChanged,
+          &ProfileEditor::modelChanged, &ProfileEditor::apiKeyChanged,
+          &ProfileEditor::baseURLChanged}) {
+        emit(this->*signal)();
+    }
+    loadSections();
+}
+
+void ProfileEditor::loadSections()
+{
+    if (!m_manager) {
+        return;
+    }
+    const QString id = m_profile.id.isNull() ? QString() : m_profile.idText();
+    m_signing->load(id);
+    m_rules->setProfileId(id);
+}
+
+QString ProfileEditor::title() const
+{
+    return m_profile.name.isEmpty() ? QStringLiteral("New Profile") : QStringLiteral("Edit Profile");
+}
+
+void ProfileEditor::setName(const QString& name)
+{
+    if (assign(m_name, name)) {
+        emit nameChanged();
+        emit validityChanged();
+    }
+}
+
+void ProfileEditor::setGitName(const QString& gitName)
+{
+    if (assign(m_gitName, gitName)) {
+        emit gitNameChanged();
+        emit validityChanged();
+    }
+}
+
+void ProfileEditor::setGitEmail(const QString& gitEmail)
+{
+    if (assign(m_gitEmail, gitEmail)) {
+        emit gitEmailChanged();
+        emit validityChanged();
+    }
+}
+
+void ProfileEditor::setSshKeyPath(const QString& path)
+{
+    if (assign(m_sshKeyPath, path)) {
+        emit sshKeyPathChanged();
+    }
+}
+
+bool ProfileEditor::isValid() const
+{
+    return !m_name.isEmpty() && !m_gitName.isEmpty() && !m_gitEmail.isEmpty();
+}
+
+void ProfileEditor::setAiEnabled(bool enabled)
+{
+    if (assign(m_aiEnabled, enabled)) {
+        emit aiEnabledChanged();
+    }
+}
+
+void ProfileEditor::setProvider(AIProvider provider)
+{
+    if (!assign(m_provider, provider)) {
+        return;
+    }
+    emit providerChanged();
+    setModel(AIProviders::models(provider).value(0));
+    // A verdict speaks of the provider it tested.
+    setConnectionStatus(QVariant::fromValue(nullptr));
+}
+
+QString ProfileEditor::providerName() const
+{
+    return AIProviders::rawValue(m_provider);
+}
+
+QVariantList ProfileEditor::providers() const
+{
+    QVariantList list;
+    for (AIProvider provider : AIProviders::all()) {
+        list << QVariant::fromValue(provider);
+    }
+    return list;
+}
+
+QStringList ProfileEditor::providerNames() const
+{
+    QStringList names;
+    for (AIProvider provider : AIProviders::all()) {
+        names << AIProviders::rawValue(provider);
+    }
+    return names;
+}
+
+QString ProfileEditor::providerSymbol(const QString& providerName) const
+{
+    const auto provider = AIProviders::fromRawValue(providerName);
+    return provider ? AIProviders::symbol(*provider) : QString();
+}
+
+void ProfileEditor::setModel(const QString& model)
+{
+    if (assign(m_model, model)) {
+        emit modelChanged();
+    }
+}
+
+QStringList ProfileEditor::models() const
+{
+    return AIProviders::models(m_provider);
+}
+
+void ProfileEditor::setApiKey(const QString& key)
+{
+    if (assign(m_apiKey, key)) {
+        emit apiKeyChanged();
+    }
+}
+
+void ProfileEditor::setBaseURL(const QString& url)
+{
+    if (assign(m_baseURL, url)) {
+        emit baseURLChanged();
+    }
+}
+
+bool ProfileEditor::showsAPIKey() const
+{
+    return AIProviders::facts(m_provider).needsKey;
+}
+
+bool ProfileEditor::showsBaseURL() const
+{
+    return AIProviders::facts(m_provider).showsBaseURL;
+}
+
+QString ProfileEditor::baseURLExample() const
+{
+    return QString::fromUtf8(AIProviders::facts(m_provider).baseURLExample);
+}
+
+void ProfileEditor::setConnectionStatus(const QVariant& status)
+{
+    // Anything but a text means "no verdict".
+    const bool verdict = status.typeId() == QMetaType::QString;
+    m_connectionStatus = verdict ? status : QVariant::fromValue(nullptr);
+    if (!verdict) {
+        m_connectionSuccess = false;
+    }
+    emit connectionChanged();
+}
+
+void ProfileEditor::testConnection()
+{
+    m_testingConnection = true;
+    setConnectionStatus(QVariant::fromValue(nullptr));
+    // A verdict that arrives after the editor closed goes nowhere.
+    QPointer<ProfileEditor> self(this);
+    const auto deliver = [self](bool success, const QString& message) {
+        if (self) {
+            self->m_testingConnection = false;
+            self->m_connectionSuccess = success;
+            self->m_connectionStatus = message;
+            emit self->connectionChanged();
+        }
+    };
+    if (!m_aiContext) {
+        deliver(false, QStringLiteral("The connection cannot be tested here."));
+        return;
+    }
+    m_aiContext->testConnection(composedProfile().aiConfig, deliver);
+}
+
+void ProfileEditor::setKeyFilename(const QString& name)
+{
+    if (assign(m_keyFilename, name)) {
+        emit generationChanged();
+    }
+}
+
+void ProfileEditor::setUsePassphrase(bool use)
+{
+    if (assign(m_usePassphrase, use)) {
+        emit generationChanged();
+    }
+}
+
+void ProfileEditor::setPassphrase(const QString& passphrase)
+{
+    if (assign(m_passphrase, passphrase)) {
+        emit generationChanged();
+    }
+}
+
+void ProfileEditor::setShowGenerateKeySheet(bool show)
+{
+    if (assign(m_showGenerateKeySheet, show)) {
+        emit showGenerateKeySheetChanged();
+    }
+}
+
+void ProfileEditor::setShowCopyKeySheet(bool show)
+{
+    if (assign(m_showCopyKeySheet, show)) {
+        emit showCopyKeySheetChanged();
+    }
+}
+
+QString ProfileEditor::home() const
+{
+    return m_manager ? m_manager->home() : HomePath::home();
+}
+
+void ProfileEditor::generateSSHKey()
+{
+    SSHKeyGenerator::Request request;
+    request.gitEmail = m_gitEmail;
+    request.keyFilename = m_keyFilename;
+    request.usePassphrase = m_usePassphrase;
+    request.passphrase = m_passphrase;
+    const SSHKeyGenerator::Result result = SSHKeyGenerator::generate(request, home());
+    if (!result.sshKeyPath.isEmpty()) {
+        setSshKeyPath(result.sshKeyPath);
+        m_pendingPublicKey = result.fileName;
+        m_copyTimer.start();
+    }
+    m_keyFilename.clear();
+    m_usePassphrase = false;
+    m_passphrase.clear();
+    emit generationChanged();
+}
+
+bool ProfileEditor::copyPublicKeyToClipboard(const QString& fileName) const
+{
+    const auto text = SSHKeyGenerator::publicKey(fileName, home());
+    if (!text) {
+        return false;
+    }
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    clipboard->setText(*text);
+    return true;
+}
+
+GitProfile ProfileEditor::composedProfile() const
+{
+    GitProfile composed = m_profile;
+    composed.name = m_name;
+    composed.gitName = m_gitName;
+    composed.gitEmail = m_gitEmail;
+    composed.sshKeyPath = m_sshKeyPath;
+    AIConfig config;
+    config.isEnabled = m_aiEnabled;
+    config.provider = m_provider;
+    config.model = m_model;
+    config.apiKey = m_apiKey;
+    config.baseURL = m_baseURL;
+    composed.aiConfig = config;
+    return composed;
+}
+
+ProfileEditor::SaveOutcome ProfileEditor::save()
+{
+    if (!isValid()) {
+        return Invalid;
+    }
+    const QString id = m_profile.idText();
+    if (!m_handedOver) {
+        // Signing that cannot be stored keeps the sheet open before anything is saved.
+        if (!m_signing->save(id)) {
+            return SigningRefused;
+        }
+        // The profile goes first, so that its rules find it in the list.
+        emit saved(composedProfile());
+        m_handedOver = true;
+    } else if (m_manager && !m_manager->saveError().isEmpty()) {
+        m_manager->save();
+    }
+    if (m_manager && !m_manager->saveError().isEmpty()) {
+        setSaveError(m_manager->saveError());
+        return NotWritten;
+    }
+    setSaveError({});
+    return m_rules->commit() ? Saved : RulesRefused;
+}
+
+void ProfileEditor::setSaveError(const QString& error)
+{
+    if (assign(m_saveError, error)) {
+        emit saveErrorChanged();
+    }
+}
