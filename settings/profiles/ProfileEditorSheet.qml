@@ -2,7 +2,6 @@ import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import QtQuick.Window
-import QtQml.Models
 import Kivora
 
 // The sheet in which one profile is created or edited: display name, git identity, SSH key
@@ -23,10 +22,8 @@ Rectangle {
     signal dismissed()
 
     // The key sheets shown on top of this one (null when closed).
-    readonly property Item generateKeySheet: generateInstance.object
-                                             ? (generateInstance.object as SheetWindow).sheet : null
-    readonly property Item copyKeySheet: copyInstance.object
-                                         ? (copyInstance.object as SheetWindow).sheet : null
+    readonly property Item generateKeySheet: keySheets.generateKeySheet
+    readonly property Item copyKeySheet: keySheets.copyKeySheet
 
     function save() {
         switch (editorForm.save()) {
@@ -101,34 +98,10 @@ Rectangle {
         onTriggered: editor.reveal(item)
     }
 
-    Instantiator {
-        id: generateInstance
-        active: editorForm.showGenerateKeySheet
-        delegate: SheetWindow {
-            title: "Generate SSH Key"
-            owner: editor.Window.window
-            onDismissRequested: editorForm.showGenerateKeySheet = false
-
-            GenerateKeySheet {
-                objectName: "generateKeySheet"
-                form: editorForm
-            }
-        }
-    }
-
-    Instantiator {
-        id: copyInstance
-        active: editorForm.showCopyKeySheet
-        delegate: SheetWindow {
-            title: "SSH Key Generated"
-            owner: editor.Window.window
-            onDismissRequested: editorForm.showCopyKeySheet = false
-
-            CopyKeySheet {
-                objectName: "copyKeySheet"
-                onDone: editorForm.showCopyKeySheet = false
-            }
-        }
+    KeySheets {
+        id: keySheets
+        form: editorForm
+        owner: editor.Window.window
     }
 
     ColumnLayout {
@@ -192,51 +165,12 @@ Rectangle {
                     }
                 }
 
-                SettingsSection {
-                    title: "Git Configuration"
-                    SettingsCard {
-                        FormRow {
-                            label: "Git Name"
-                            TextInputField {
-                                objectName: "gitNameField"
-                                Layout.fillWidth: true
-                                text: editorForm.gitName
-                                onTextEdited: editorForm.gitName = text
-                            }
-                        }
-                        FormRow {
-                            label: "Git Email"
-                            TextInputField {
-                                objectName: "gitEmailField"
-                                Layout.fillWidth: true
-                                text: editorForm.gitEmail
-                                onTextEdited: editorForm.gitEmail = text
-                            }
-                        }
-                    }
+                GitConfigurationSection {
+                    form: editorForm
                 }
 
-                SettingsSection {
-                    title: "SSH Key (Optional)"
-                    SettingsCard {
-                        RowLayout {
-                            Layout.fillWidth: true
-                            spacing: Theme.spacingM
-                            TextInputField {
-                                objectName: "sshKeyPathField"
-                                Layout.fillWidth: true
-                                placeholderText: "e.g., ~/.ssh/id_ed25519"
-                                text: editorForm.sshKeyPath
-                                onTextEdited: editorForm.sshKeyPath = text
-                            }
-                            PushButton {
-                                objectName: "generateButton"
-                                text: "Generate"
-                                symbol: "key.fill"
-                                onClicked: editorForm.showGenerateKeySheet = true
-                            }
-                        }
-                    }
+                SSHKeySection {
+                    form: editorForm
                 }
 
                 AIConfigurationSection {

@@ -21,13 +21,14 @@ constexpr int trayY = 14;
 // In the settings window (1100 × 650): the first profile row and its edit button.
 constexpr QPoint firstRow(500, 200);
 constexpr QPoint firstRowEdit(1020, 200);
-// In the editor (500 × 680) scrolled to its end: the first rule's remove button, and Save.
-constexpr QPoint removeFirstRule(448, 444);
-constexpr QPoint editorSave(439, 650);
-constexpr QPoint addFolder(98, 567);
+// In the editor (500 wide, as tall as fits the settings window: 602) scrolled to its end: the
+// first rule's remove button, and Save.
+constexpr QPoint removeFirstRule(448, 368);
+constexpr QPoint editorSave(439, 572);
+constexpr QPoint addFolder(98, 491);
 // Qt's folder dialog inside the sheet: the first folder of the list, and Open.
-constexpr QPoint chooserFirstFolder(70, 263);
-constexpr QPoint chooserOpen(325, 506);
+constexpr QPoint chooserFirstFolder(70, 228);
+constexpr QPoint chooserOpen(325, 467);
 
 } // namespace
 
