@@ -4,15 +4,15 @@ import Kivora
 
 // A pop-up picker in the palette. `choices` are texts, or maps with "text" and "value";
 // `value` is the chosen one (a text, or a map's value), compared exactly. When it is none of
-// the choices no entry is selected and the picker shows `fallbackText`. `symbolOf`, when set,
-// gives an entry's leading symbol from its text. `picked` reports the user's choice.
+// the choices no entry is selected and the picker shows `fallbackText`. `symbols`, when set,
+// maps an entry's text to its leading symbol. `picked` reports the user's choice.
 ComboBox {
     id: picker
 
     property var choices: []
     property var value
     property string fallbackText
-    property var symbolOf: null
+    property var symbols: ({})
 
     signal picked(var value)
 
@@ -35,7 +35,7 @@ ComboBox {
     }
 
     function symbolFor(text: string): string {
-        return picker.symbolOf ? picker.symbolOf(text) : ""
+        return picker.symbols[text] ?? ""
     }
 
     model: choices

@@ -26,11 +26,10 @@ Button {
     opacity: enabled ? 1 : 0.45
 
     contentItem: Item {
-        implicitWidth: content.implicitWidth
-        implicitHeight: content.implicitHeight
+        implicitWidth: children[0].implicitWidth
+        implicitHeight: children[0].implicitHeight
 
         Row {
-            id: content
             anchors.centerIn: parent
             spacing: Theme.spacingS
 

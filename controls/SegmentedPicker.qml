@@ -32,7 +32,7 @@ Rectangle {
 
         required property var modelData
         readonly property bool selected: modelData.rawValue === picker.value
-        readonly property real labelWidth: label.implicitWidth
+        readonly property real labelWidth: contentItem.implicitWidth
 
         objectName: "segment:" + modelData.displayName
         text: modelData.displayName
@@ -53,7 +53,6 @@ Rectangle {
         }
 
         contentItem: Text {
-            id: label
             text: segment.text
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter

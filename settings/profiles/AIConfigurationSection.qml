@@ -42,7 +42,7 @@ SettingsSection {
                     Layout.fillWidth: true
                     choices: section.form.providerNames
                     value: section.form.providerName
-                    symbolOf: name => section.form.providerSymbol(name)
+                    symbols: section.form.providerSymbols
                     onActivated: index => section.form.provider = section.form.providers[index]
                 }
             }

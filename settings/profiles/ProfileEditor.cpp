@@ -186,6 +186,15 @@ QStringList ProfileEditor::providerNames() const
     return names;
 }
 
+QVariantMap ProfileEditor::providerSymbols() const
+{
+    QVariantMap symbols;
+    for (AIProvider provider : AIProviders::all()) {
+        symbols.insert(AIProviders::rawValue(provider), AIProviders::symbol(provider));
+    }
+    return symbols;
+}
+
 QString ProfileEditor::providerSymbol(const QString& providerName) const
 {
     const auto provider = AIProviders::fromRawValue(providerName);

@@ -42,6 +42,8 @@ class ProfileEditor : public QObject, public QQmlParserStatus {
     Q_PROPERTY(QString providerName READ providerName NOTIFY providerChanged)
     Q_PROPERTY(QVariantList providers READ providers CONSTANT)
     Q_PROPERTY(QStringList providerNames READ providerNames CONSTANT)
+    // Each provider's name with the symbol shown beside it.
+    Q_PROPERTY(QVariantMap providerSymbols READ providerSymbols CONSTANT)
     Q_PROPERTY(QString model READ model WRITE setModel NOTIFY modelChanged)
     Q_PROPERTY(QStringList models READ models NOTIFY providerChanged)
     Q_PROPERTY(QString apiKey READ apiKey WRITE setApiKey NOTIFY apiKeyChanged)
@@ -111,6 +113,7 @@ public:
     QString providerName() const;
     QVariantList providers() const;
     QStringList providerNames() const;
+    QVariantMap providerSymbols() const;
     Q_INVOKABLE QString providerSymbol(const QString& providerName) const;
     QString model() const { return m_model; }
     void setModel(const QString& model);
