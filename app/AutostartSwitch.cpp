@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/AutostartSwitch.h"
 
 #include "prefs/Autostart.h"
@@ -13,8 +16,9 @@ void AutostartSwitch::setEnabled(bool enabled)
         setErrorMessage(QString());
     } else {
         setErrorMessage(
-            (enabled ? QStringLiteral("Could not turn on start at login: %1 could not be written.")
-                     : QStringLiteral("Could not turn off start at login: %1 could not be removed."))
+            (enabled
+                 ? QStringLiteral("Could not turn on start at login: %1 could not be written.")
+                 : QStringLiteral("Could not turn off start at login: %1 could not be removed."))
                 .arg(Autostart::path()));
         emit failed(m_errorMessage);
     }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/KivoraApp.h"
 
 #include "activation/InstanceChannel.h"
@@ -94,15 +97,15 @@ ProfileManager::Options managerOptions(const KivoraApp::Options& options)
 KivoraApp::KivoraApp(QObject* parent) : KivoraApp(Options{}, parent) {}
 
 KivoraApp::KivoraApp(const Options& options, QObject* parent)
-    : QObject(parent), m_settings(std::make_unique<SettingsManager>(
-                           options.preferencesPath.isEmpty() ? PreferencesFile::path()
-                                                             : options.preferencesPath)),
+    : QObject(parent),
+      m_settings(std::make_unique<SettingsManager>(
+          options.preferencesPath.isEmpty() ? PreferencesFile::path() : options.preferencesPath)),
       m_aiContext(std::make_unique<AIContextManager>()),
       m_profileManager(std::make_unique<ProfileManager>(*m_aiContext, managerOptions(options))),
       m_updater(std::make_unique<Updater>()), m_windows(std::make_unique<WindowRegistry>()),
       m_autostart(std::make_unique<AutostartSwitch>()),
-      m_colorScheme(std::make_unique<SystemColorScheme>()),
-      m_font(std::make_unique<SystemFont>()), m_relativeTime(std::make_unique<RelativeTime>()),
+      m_colorScheme(std::make_unique<SystemColorScheme>()), m_font(std::make_unique<SystemFont>()),
+      m_relativeTime(std::make_unique<RelativeTime>()),
       m_settingsTabs(std::make_unique<SettingsTab>()),
       m_settingsProgress(std::make_unique<SettingsProgress>()),
       m_profileList(std::make_unique<ProfileListModel>(*m_profileManager)),

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The core library: profile model, activation, AI context, preferences and updates.
 # It links only QtCore and QtNetwork, so the command line and the tests never pull in a
 # graphical module or the session bus.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "menubar/ProfileListModel.h"
 
 ProfileListModel::ProfileListModel(ProfileManager& manager, QObject* parent)
@@ -74,8 +77,9 @@ QVariant ProfileListModel::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> ProfileListModel::roleNames() const
 {
     return {
-        {ProfileIdRole, "profileId"},   {NameRole, "name"},         {GitNameRole, "gitName"},
-        {GitEmailRole, "gitEmail"},     {SshKeyPathRole, "sshKeyPath"}, {IsActiveRole, "isActive"},
+        {ProfileIdRole, "profileId"},   {NameRole, "name"},
+        {GitNameRole, "gitName"},       {GitEmailRole, "gitEmail"},
+        {SshKeyPathRole, "sshKeyPath"}, {IsActiveRole, "isActive"},
         {ProfileRole, "profile"},
     };
 }

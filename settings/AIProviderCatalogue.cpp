@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/AIProviderCatalogue.h"
 
 #include "model/AIProvider.h"
@@ -12,9 +15,9 @@ QVariantList AIProviderCatalogue::rows() const
     for (AIProvider provider : AIProviders::all()) {
         const AIProviderFacts& facts = AIProviders::facts(provider);
         if (facts.catalogueLine) {
-            list.append(QVariantMap{{QStringLiteral("name"), AIProviders::displayName(provider)},
-                                    {QStringLiteral("models"),
-                                     QString::fromUtf8(facts.catalogueLine)}});
+            list.append(
+                QVariantMap{{QStringLiteral("name"), AIProviders::displayName(provider)},
+                            {QStringLiteral("models"), QString::fromUtf8(facts.catalogueLine)}});
         }
     }
     return list;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/KeyScanSession.h"
 
 #include "activation/ProfileManager.h"
@@ -8,8 +11,7 @@
 
 KeyScanSession::KeyScanSession(QObject* parent) : QObject(parent) {}
 
-KeyScanSession::KeyScanSession(const QString& home, QObject* parent)
-    : QObject(parent), m_home(home)
+KeyScanSession::KeyScanSession(const QString& home, QObject* parent) : QObject(parent), m_home(home)
 {
 }
 
@@ -87,5 +89,7 @@ QVariantList KeyScanSession::profiles() const
 QString KeyScanSession::createdText() const
 {
     const qsizetype count = m_entries.size();
-    return QStringLiteral("%1 profile%2 created").arg(count).arg(count == 1 ? QString() : QStringLiteral("s"));
+    return QStringLiteral("%1 profile%2 created")
+        .arg(count)
+        .arg(count == 1 ? QString() : QStringLiteral("s"));
 }

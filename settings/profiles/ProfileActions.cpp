@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/ProfileActions.h"
 
 #include "settings/profiles/ScannedKey.h"
@@ -16,7 +19,7 @@ const GitProfile& ProfileActions::newProfileTemplate()
 GitProfile ProfileActions::profileAt(int index) const
 {
     return index >= 0 && index < m_manager.profiles().size() ? m_manager.profiles().at(index)
-                                                              : GitProfile();
+                                                             : GitProfile();
 }
 
 void ProfileActions::activate(const GitProfile& profile)

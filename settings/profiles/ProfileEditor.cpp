@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/ProfileEditor.h"
 
 #include "activation/ProfileManager.h"
@@ -17,8 +20,7 @@ namespace {
 // How long after a key is made its public half goes onto the clipboard.
 constexpr int copyDelayMs = 500;
 
-template <typename T>
-bool assign(T& member, const T& value)
+template <typename T> bool assign(T& member, const T& value)
 {
     if (member == value) {
         return false;
@@ -43,8 +45,7 @@ ProfileEditor::ProfileEditor(QObject* parent)
     });
 }
 
-ProfileEditor::ProfileEditor(ProfileManager& manager, AIContextManager& aiContext,
-                             QObject* parent)
+ProfileEditor::ProfileEditor(ProfileManager& manager, AIContextManager& aiContext, QObject* parent)
     : ProfileEditor(parent)
 {
     attach(manager, aiContext);
@@ -82,13 +83,12 @@ void ProfileEditor::setProfile(const GitProfile& profile)
     m_apiKey = config.apiKey;
     m_baseURL = config.baseURL;
     m_handedOver = false;
-    for (const auto signal :
-         {&ProfileEditor::profileChanged, &ProfileEditor::nameChanged,
-          &ProfileEditor::gitNameChanged, &ProfileEditor::gitEmailChanged,
-          &ProfileEditor::sshKeyPathChanged, &ProfileEditor::validityChanged,
-          &ProfileEditor::aiEnabledChanged, &ProfileEditor::providerChanged,
-          &ProfileEditor::modelChanged, &ProfileEditor::apiKeyChanged,
-          &ProfileEditor::baseURLChanged}) {
+    for (const auto signal : {&ProfileEditor::profileChanged, &ProfileEditor::nameChanged,
+                              &ProfileEditor::gitNameChanged, &ProfileEditor::gitEmailChanged,
+                              &ProfileEditor::sshKeyPathChanged, &ProfileEditor::validityChanged,
+                              &ProfileEditor::aiEnabledChanged, &ProfileEditor::providerChanged,
+                              &ProfileEditor::modelChanged, &ProfileEditor::apiKeyChanged,
+                              &ProfileEditor::baseURLChanged}) {
         emit(this->*signal)();
     }
     loadSections();
@@ -106,7 +106,8 @@ void ProfileEditor::loadSections()
 
 QString ProfileEditor::title() const
 {
-    return m_profile.name.isEmpty() ? QStringLiteral("New Profile") : QStringLiteral("Edit Profile");
+    return m_profile.name.isEmpty() ? QStringLiteral("New Profile")
+                                    : QStringLiteral("Edit Profile");
 }
 
 void ProfileEditor::setName(const QString& name)

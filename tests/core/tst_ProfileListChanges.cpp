@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
@@ -72,9 +75,9 @@ private slots:
     void addProfileNamesItAndAnnouncesIt()
     {
         QSignalSpy inserted(m_manager.get(), &ProfileManager::profileInserted);
-        const GitProfile added = m_manager->addProfile(
-            QStringLiteral("id_work laptop"), QStringLiteral("A"), QStringLiteral("a@x.example"),
-            QStringLiteral("~/.ssh/id_work"));
+        const GitProfile added =
+            m_manager->addProfile(QStringLiteral("id_work laptop"), QStringLiteral("A"),
+                                  QStringLiteral("a@x.example"), QStringLiteral("~/.ssh/id_work"));
         QCOMPARE(added.name, QStringLiteral("Work Laptop"));
         QCOMPARE(inserted.size(), 1);
         QCOMPARE(savedNames().last(), QStringLiteral("Work Laptop"));
@@ -125,9 +128,9 @@ private slots:
     {
         m_home->write(QStringLiteral(".ssh/id_lab"), "private\n");
         m_home->write(QStringLiteral(".ssh/id_lab.pub"), "public\n");
-        const GitProfile lab = GitProfile::create(QStringLiteral("Lab"), QStringLiteral("L"),
-                                                  QStringLiteral("l@x.example"),
-                                                  QStringLiteral("~/.ssh/id_lab"));
+        const GitProfile lab =
+            GitProfile::create(QStringLiteral("Lab"), QStringLiteral("L"),
+                               QStringLiteral("l@x.example"), QStringLiteral("~/.ssh/id_lab"));
         m_manager->appendProfile(lab);
         const auto removal = m_manager->removeProfile(lab, true);
         QCOMPARE(removal.removedKeyFiles.size(), 2);

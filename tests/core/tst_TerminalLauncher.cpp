@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "activation/TerminalLauncher.h"
 #include "ai/AIContextManager.h"
@@ -101,7 +104,7 @@ QStringList bashRunning(const QString& text)
 
 } // namespace
 
-class TerminalLauncherTest : public QObject {
+class tst_TerminalLauncher : public QObject {
     Q_OBJECT
 
 private slots:
@@ -131,7 +134,7 @@ private:
     static QString useBinFolder(TestHome& home);
 };
 
-void TerminalLauncherTest::profiles()
+void tst_TerminalLauncher::profiles()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("gitName");
@@ -194,7 +197,7 @@ void TerminalLauncherTest::profiles()
                           "echo \"\"");
 }
 
-QString TerminalLauncherTest::useBinFolder(TestHome& home)
+QString tst_TerminalLauncher::useBinFolder(TestHome& home)
 {
     const QString bin = home.filePath(QStringLiteral("bin"));
     QDir().mkpath(bin);
@@ -203,7 +206,7 @@ QString TerminalLauncherTest::useBinFolder(TestHome& home)
     return bin;
 }
 
-void TerminalLauncherTest::commandLine()
+void tst_TerminalLauncher::commandLine()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -223,7 +226,7 @@ void TerminalLauncherTest::commandLine()
              expected.replace(kHomeMark, home.path()));
 }
 
-void TerminalLauncherTest::recordedArguments()
+void tst_TerminalLauncher::recordedArguments()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -263,7 +266,7 @@ void TerminalLauncherTest::recordedArguments()
     QCOMPARE(launch->arguments, arguments);
 }
 
-void TerminalLauncherTest::shellSeesIdentity()
+void tst_TerminalLauncher::shellSeesIdentity()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -329,7 +332,7 @@ void TerminalLauncherTest::shellSeesIdentity()
     QCOMPARE(variables, expected);
 }
 
-void TerminalLauncherTest::fallbackOrder_data()
+void tst_TerminalLauncher::fallbackOrder_data()
 {
     QTest::addColumn<int>("first");
     for (int i = 0; i < int(std::size(kEmulators)); ++i) {
@@ -338,7 +341,7 @@ void TerminalLauncherTest::fallbackOrder_data()
 }
 
 // With the emulators from `first` on present, the one at `first` is chosen.
-void TerminalLauncherTest::fallbackOrder()
+void tst_TerminalLauncher::fallbackOrder()
 {
     QFETCH(int, first);
 
@@ -372,7 +375,7 @@ void TerminalLauncherTest::fallbackOrder()
     }
 }
 
-void TerminalLauncherTest::conventionOfEach_data()
+void tst_TerminalLauncher::conventionOfEach_data()
 {
     QTest::addColumn<QString>("emulator");
     QTest::addColumn<QStringList>("prefix");
@@ -382,7 +385,7 @@ void TerminalLauncherTest::conventionOfEach_data()
 }
 
 // Each emulator alone on PATH is used, with its own way of taking a command.
-void TerminalLauncherTest::conventionOfEach()
+void tst_TerminalLauncher::conventionOfEach()
 {
     QFETCH(QString, emulator);
     QFETCH(QStringList, prefix);
@@ -414,7 +417,7 @@ void TerminalLauncherTest::conventionOfEach()
     QCOMPARE(fields, prefix + bashRunning(text));
 }
 
-void TerminalLauncherTest::kittyBeforeXterm()
+void tst_TerminalLauncher::kittyBeforeXterm()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -440,7 +443,7 @@ void TerminalLauncherTest::kittyBeforeXterm()
     QVERIFY(!home.exists(QStringLiteral("rec-xterm")));
 }
 
-void TerminalLauncherTest::missingTerminalProgramIsSkipped_data()
+void tst_TerminalLauncher::missingTerminalProgramIsSkipped_data()
 {
     QTest::addColumn<QString>("terminal");
     QTest::newRow("name not on PATH") << "no-such-terminal";
@@ -449,7 +452,7 @@ void TerminalLauncherTest::missingTerminalProgramIsSkipped_data()
     QTest::newRow("empty") << "";
 }
 
-void TerminalLauncherTest::missingTerminalProgramIsSkipped()
+void tst_TerminalLauncher::missingTerminalProgramIsSkipped()
 {
     QFETCH(QString, terminal);
 
@@ -470,7 +473,7 @@ void TerminalLauncherTest::missingTerminalProgramIsSkipped()
 }
 
 // A program that is there but cannot be started (its interpreter is missing) is passed over.
-void TerminalLauncherTest::terminalThatCannotStartIsSkipped()
+void tst_TerminalLauncher::terminalThatCannotStartIsSkipped()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -494,7 +497,7 @@ void TerminalLauncherTest::terminalThatCannotStartIsSkipped()
 }
 
 // TERMINAL may name a program on PATH; it comes before every other emulator.
-void TerminalLauncherTest::terminalByNameOnPath()
+void tst_TerminalLauncher::terminalByNameOnPath()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -523,7 +526,7 @@ void TerminalLauncherTest::terminalByNameOnPath()
 }
 
 // TERMINAL naming one of the known emulators passes the command the way that emulator wants.
-void TerminalLauncherTest::terminalNamingKnownEmulatorUsesItsConvention()
+void tst_TerminalLauncher::terminalNamingKnownEmulatorUsesItsConvention()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -549,7 +552,7 @@ void TerminalLauncherTest::terminalNamingKnownEmulatorUsesItsConvention()
     QVERIFY(!home.exists(QStringLiteral("rec-x")));
 }
 
-void TerminalLauncherTest::noEmulatorDoesNothing()
+void tst_TerminalLauncher::noEmulatorDoesNothing()
 {
     TestHome home;
     useBinFolder(home);
@@ -564,7 +567,7 @@ void TerminalLauncherTest::noEmulatorDoesNothing()
     QVERIFY(QDir(home.filePath(QStringLiteral("bin"))).isEmpty());
 }
 
-void TerminalLauncherTest::profileManagerOpensTerminal()
+void tst_TerminalLauncher::profileManagerOpensTerminal()
 {
     TestHome home;
     const QString managerHome = home.filePath(QStringLiteral("kivora-home"));
@@ -607,5 +610,5 @@ void TerminalLauncherTest::profileManagerOpensTerminal()
     QCOMPARE(fields, expected);
 }
 
-QTEST_GUILESS_MAIN(TerminalLauncherTest)
+QTEST_GUILESS_MAIN(tst_TerminalLauncher)
 #include "tst_TerminalLauncher.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "prefs/SettingsManager.h"
 #include "support/LocalHttpServer.h"
 #include "support/TestHome.h"
@@ -81,7 +84,7 @@ private:
 
 } // namespace
 
-class TestUpdater : public QObject {
+class tst_Updater : public QObject {
     Q_OBJECT
 
 private:
@@ -968,5 +971,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestUpdater)
+QTEST_GUILESS_MAIN(tst_Updater)
 #include "tst_Updater.moc"

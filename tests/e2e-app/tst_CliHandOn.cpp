@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "activation/InstanceChannel.h"
@@ -13,7 +16,7 @@
 
 // While the tray application runs, the command line's profile changes are carried out by it:
 // its profile list in memory stays the one that is saved, so nothing is lost or overwritten.
-class CliHandOn : public QObject {
+class tst_CliHandOn : public QObject {
     Q_OBJECT
 
     struct Result {
@@ -149,5 +152,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(CliHandOn)
+QTEST_GUILESS_MAIN(tst_CliHandOn)
 #include "tst_CliHandOn.moc"

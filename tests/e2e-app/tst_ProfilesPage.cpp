@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
@@ -37,7 +40,7 @@ const char* const darkSettings = "[General]\nappAppearance=Dark\n";
 
 } // namespace
 
-class ProfilesPage : public QObject {
+class tst_ProfilesPage : public QObject {
     Q_OBJECT
 
 private slots:
@@ -65,7 +68,7 @@ private:
     QString m_appPath;
 };
 
-void ProfilesPage::initTestCase()
+void tst_ProfilesPage::initTestCase()
 {
     const QStringList missing = XSession::missingPrograms();
     if (!missing.isEmpty()) {
@@ -91,14 +94,14 @@ void ProfilesPage::initTestCase()
     }
 }
 
-void ProfilesPage::cleanupTestCase()
+void tst_ProfilesPage::cleanupTestCase()
 {
     AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
-void ProfilesPage::arrangeProfiles()
+void tst_ProfilesPage::arrangeProfiles()
 {
     StoredData data;
     GitProfile work =
@@ -122,7 +125,7 @@ void ProfilesPage::arrangeProfiles()
     m_home->write(QStringLiteral(".git-switcher/profiles.json"), ProfileCodec::encodeStore(data));
 }
 
-bool ProfilesPage::launch(const char* settings)
+bool tst_ProfilesPage::launch(const char* settings)
 {
     m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"), settings);
     QProcessEnvironment env = m_x->environment();
@@ -130,7 +133,7 @@ bool ProfilesPage::launch(const char* settings)
     return m_app != nullptr;
 }
 
-std::optional<QString> ProfilesPage::openSettings()
+std::optional<QString> tst_ProfilesPage::openSettings()
 {
     if (auto open = m_x->waitForWindow(QStringLiteral("^Kivora Settings$"), 200)) {
         return open;
@@ -151,35 +154,35 @@ std::optional<QString> ProfilesPage::openSettings()
     return settings;
 }
 
-void ProfilesPage::type(const QString& text) const
+void tst_ProfilesPage::type(const QString& text) const
 {
     m_x->run(QStringLiteral("xdotool"),
              {QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), text});
 }
 
-void ProfilesPage::key(const QString& name) const
+void tst_ProfilesPage::key(const QString& name) const
 {
     m_x->run(QStringLiteral("xdotool"), {QStringLiteral("key"), name});
 }
 
-void ProfilesPage::clickIn(const QRect& window, QPoint point) const
+void tst_ProfilesPage::clickIn(const QRect& window, QPoint point) const
 {
     m_x->click(window.left() + point.x(), window.top() + point.y());
 }
 
-void ProfilesPage::saveScreenshot(const QImage& image, const QString& name)
+void tst_ProfilesPage::saveScreenshot(const QImage& image, const QString& name)
 {
     QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
-void ProfilesPage::saveBuildPicture(const QImage& image, const QString& name)
+void tst_ProfilesPage::saveBuildPicture(const QImage& image, const QString& name)
 {
     const QString folder = QStringLiteral(KIVORA_BUILD_SCREENSHOTS);
     QDir().mkpath(folder);
     QVERIFY(image.save(folder + QLatin1Char('/') + name));
 }
 
-void ProfilesPage::addProfileThroughTheEditor()
+void tst_ProfilesPage::addProfileThroughTheEditor()
 {
     m_home->write(QStringLiteral(".git-switcher/profiles.json"),
                   ProfileCodec::encodeStore(StoredData{}));
@@ -235,7 +238,7 @@ void ProfilesPage::addProfileThroughTheEditor()
     AppProcess::stop(m_app);
 }
 
-void ProfilesPage::takeScreenshots(const QString& mode)
+void tst_ProfilesPage::takeScreenshots(const QString& mode)
 {
     const auto settings = openSettings();
     QVERIFY2(settings, "no settings window");
@@ -289,7 +292,7 @@ void ProfilesPage::takeScreenshots(const QString& mode)
     QTRY_VERIFY_WITH_TIMEOUT(!m_x->waitForWindow(QStringLiteral("^Scan SSH Keys$"), 100), 5000);
 }
 
-void ProfilesPage::screenshotsInLightMode()
+void tst_ProfilesPage::screenshotsInLightMode()
 {
     arrangeProfiles();
     QVERIFY(launch(lightSettings));
@@ -297,7 +300,7 @@ void ProfilesPage::screenshotsInLightMode()
     AppProcess::stop(m_app);
 }
 
-void ProfilesPage::screenshotsInDarkMode()
+void tst_ProfilesPage::screenshotsInDarkMode()
 {
     arrangeProfiles();
     QVERIFY(launch(darkSettings));
@@ -305,6 +308,6 @@ void ProfilesPage::screenshotsInDarkMode()
     AppProcess::stop(m_app);
 }
 
-QTEST_GUILESS_MAIN(ProfilesPage)
+QTEST_GUILESS_MAIN(tst_ProfilesPage)
 
 #include "tst_ProfilesPage.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ProfilesFixture.h"
 
 #include "activation/ProfileManager.h"
@@ -23,8 +26,7 @@ namespace {
 void registerProfilesFixture()
 {
     qmlRegisterSingletonType<ProfilesFixture>(
-        "KivoraTest", 1, 0, "ProfilesFixture",
-        [](QQmlEngine* engine, QJSEngine*) -> QObject* {
+        "KivoraTest", 1, 0, "ProfilesFixture", [](QQmlEngine* engine, QJSEngine*) -> QObject* {
             return new ProfilesFixture(KivoraApp::from(engine).profileManager());
         });
 }

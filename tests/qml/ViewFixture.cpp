@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ViewFixture.h"
 
 #include "model/ProfileCodec.h"
@@ -27,8 +30,8 @@ void ViewFixture::arrange(int count, bool firstActive, bool needsSetup)
     }
     manager().setProfiles(profiles);
     manager().setActiveProfileID(firstActive && !profiles.isEmpty()
-                                      ? std::optional<QUuid>(profiles.first().id)
-                                      : std::nullopt);
+                                     ? std::optional<QUuid>(profiles.first().id)
+                                     : std::nullopt);
     manager().setNeedsProfileSetup(needsSetup);
     manager().save();
 }

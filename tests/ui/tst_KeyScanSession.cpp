@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/KeyScanSession.h"
 #include "support/TestHome.h"
 
@@ -20,10 +23,10 @@ private slots:
     void startsScanningAndFindsOnlyPairsInPlainOrder()
     {
         TestHome home;
-        writeKeys(home, {QStringLiteral("zeta"), QStringLiteral("zeta.pub"),
-                         QStringLiteral("id_rsa"), QStringLiteral("id_rsa.pub"),
-                         QStringLiteral("Work"), QStringLiteral("Work.pub"),
-                         QStringLiteral("lonely.pub"), QStringLiteral("x.pub.pub")});
+        writeKeys(home,
+                  {QStringLiteral("zeta"), QStringLiteral("zeta.pub"), QStringLiteral("id_rsa"),
+                   QStringLiteral("id_rsa.pub"), QStringLiteral("Work"), QStringLiteral("Work.pub"),
+                   QStringLiteral("lonely.pub"), QStringLiteral("x.pub.pub")});
         KeyScanSession session(home.path());
         QVERIFY(session.isScanning());
         QVERIFY(!session.isAsking());
@@ -57,9 +60,8 @@ private slots:
         session.addCurrentKey();
         QVERIFY(session.isComplete());
         QCOMPARE(session.entries().size(), 2);
-        QCOMPARE(session.entries().at(0),
-                 (ScannedKey{QStringLiteral("a"), QStringLiteral("Ada"),
-                             QStringLiteral("ada@example.com")}));
+        QCOMPARE(session.entries().at(0), (ScannedKey{QStringLiteral("a"), QStringLiteral("Ada"),
+                                                      QStringLiteral("ada@example.com")}));
         QCOMPARE(session.entries().at(1), (ScannedKey{QStringLiteral("c"), QString(), QString()}));
         QCOMPARE(session.profiles().value(1).value<ScannedKey>().keyName, QStringLiteral("c"));
         QCOMPARE(session.createdText(), QStringLiteral("2 profiles created"));

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "settings/profiles/ProfileEditor.h"
@@ -40,9 +43,9 @@ private slots:
         ProfileManager::Options options;
         options.restoreAIContext = false;
         m_manager = std::make_unique<ProfileManager>(*m_ai, options);
-        GitProfile profile =
-            GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada"),
-                               QStringLiteral("ada@work.example"), QStringLiteral("~/.ssh/id_work"));
+        GitProfile profile = GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada"),
+                                                QStringLiteral("ada@work.example"),
+                                                QStringLiteral("~/.ssh/id_work"));
         profile.aiConfig.isEnabled = true;
         profile.aiConfig.provider = AIProvider::Google;
         profile.aiConfig.model = QStringLiteral("gemini-pro");
@@ -106,9 +109,9 @@ private slots:
         QTest::addColumn<QString>("symbol");
         QTest::newRow("OpenAI") << AIProvider::OpenAI << true << false << QString()
                                 << QStringLiteral("gpt-4o") << QStringLiteral("sparkles");
-        QTest::newRow("Anthropic") << AIProvider::Anthropic << true << false << QString()
-                                   << QStringLiteral("claude-3-5-sonnet")
-                                   << QStringLiteral("brain.head.profile");
+        QTest::newRow("Anthropic")
+            << AIProvider::Anthropic << true << false << QString()
+            << QStringLiteral("claude-3-5-sonnet") << QStringLiteral("brain.head.profile");
         QTest::newRow("Google") << AIProvider::Google << true << false << QString()
                                 << QStringLiteral("gemini-1.5-pro") << QStringLiteral("g.circle");
         QTest::newRow("Azure OpenAI") << AIProvider::AzureOpenAI << true << true << QString()
@@ -136,8 +139,8 @@ private slots:
         QCOMPARE(editor->models().value(0), firstModel);
         QCOMPARE(editor->providerSymbol(editor->providerName()), symbol);
         // Another provider starts with its own first model.
-        QCOMPARE(editor->model(), provider == AIProvider::Google ? QStringLiteral("typed by hand")
-                                                                 : firstModel);
+        QCOMPARE(editor->model(),
+                 provider == AIProvider::Google ? QStringLiteral("typed by hand") : firstModel);
     }
 
     void pickerOrderIsTheProviderOrder()

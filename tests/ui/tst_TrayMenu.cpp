@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/AutostartSwitch.h"
 #include "app/TrayIcon.h"
 #include "support/TestHome.h"
@@ -36,11 +39,11 @@ private slots:
         TestHome home;
         AutostartSwitch autostart;
         TrayIcon tray(autostart);
-        QCOMPARE(texts(tray), QStringList({QStringLiteral("Open Kivora"),
-                                           QStringLiteral("Settings…"),
-                                           QStringLiteral("Check for Updates…"),
-                                           QStringLiteral("-"), QStringLiteral("Start at Login"),
-                                           QStringLiteral("-"), QStringLiteral("Quit")}));
+        QCOMPARE(texts(tray),
+                 QStringList({QStringLiteral("Open Kivora"), QStringLiteral("Settings…"),
+                              QStringLiteral("Check for Updates…"), QStringLiteral("-"),
+                              QStringLiteral("Start at Login"), QStringLiteral("-"),
+                              QStringLiteral("Quit")}));
     }
 
     void startAtLoginWritesAndRemovesTheEntry()
