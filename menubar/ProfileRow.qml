@@ -53,12 +53,12 @@ Item {
             markOutlineColor: Theme.faded(Theme.secondaryText, 0.4)
         }
 
-        Row {
+        FadeRow {
             objectName: "switchedLabel"
             spacing: Theme.spacingXS
-            opacity: row.justSwitched ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.switchedDuration; easing.type: Easing.OutCubic } }
+            shown: row.justSwitched
+            duration: Theme.switchedDuration
+            easing: Easing.OutCubic
             SymbolIcon {
                 name: "checkmark"
                 color: Theme.green
@@ -73,31 +73,20 @@ Item {
             }
         }
 
-        Row {
-            objectName: "hoverActions"
-            spacing: Theme.spacingXS
-            opacity: row.isHovered ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
-
-            SymbolButton {
-                objectName: "terminalButton"
-                symbol: "terminal"
-                tooltip: "Open Terminal"
-                onClicked: row.openTerminalRequested()
-            }
-            SymbolButton {
-                objectName: "editButton"
-                symbol: "pencil"
-                tooltip: "Edit"
-                onClicked: row.editRequested()
-            }
-            SymbolButton {
-                objectName: "deleteButton"
-                symbol: "trash"
-                tooltip: "Delete"
-                foreground: Theme.red
-                onClicked: row.deleteRequested()
+        HoverActions {
+            shown: row.isHovered
+            actions: [
+                { name: "terminal", symbol: "terminal", tooltip: "Open Terminal" },
+                { name: "edit", symbol: "pencil", tooltip: "Edit" },
+                { name: "delete", symbol: "trash", tooltip: "Delete", destructive: true }
+            ]
+            onTriggered: name => {
+                if (name === "terminal")
+                    row.openTerminalRequested()
+                else if (name === "edit")
+                    row.editRequested()
+                else
+                    row.deleteRequested()
             }
         }
     }

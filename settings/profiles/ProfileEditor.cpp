@@ -20,19 +20,9 @@ namespace {
 // How long after a key is made its public half goes onto the clipboard.
 constexpr int copyDelayMs = 500;
 
-template <typename T> bool assign(T& member, const T& value)
-{
-    if (member == value) {
-        return false;
-    }
-    member = value;
-    return true;
-}
-
 } // namespace
 
-ProfileEditor::ProfileEditor(QObject* parent)
-    : QObject(parent), m_signing(new SigningForm(this)), m_rules(new ProfileRuleList(this))
+ProfileEditor::ProfileEditor(QObject* parent) : QObject(parent), m_rules(new ProfileRuleList(this))
 {
     // The rule section collects its changes until save().
     m_rules->setStaged(true);
@@ -63,7 +53,7 @@ void ProfileEditor::attach(ProfileManager& manager, AIContextManager& aiContext)
 {
     m_manager = &manager;
     m_aiContext = &aiContext;
-    m_signing->setManager(&manager);
+    m_signing = new SigningForm(manager, this);
     m_rules->setManager(&manager);
     loadSections();
 }
@@ -112,33 +102,28 @@ QString ProfileEditor::title() const
 
 void ProfileEditor::setName(const QString& name)
 {
-    if (assign(m_name, name)) {
-        emit nameChanged();
+    if (change(m_name, name, &ProfileEditor::nameChanged)) {
         emit validityChanged();
     }
 }
 
 void ProfileEditor::setGitName(const QString& gitName)
 {
-    if (assign(m_gitName, gitName)) {
-        emit gitNameChanged();
+    if (change(m_gitName, gitName, &ProfileEditor::gitNameChanged)) {
         emit validityChanged();
     }
 }
 
 void ProfileEditor::setGitEmail(const QString& gitEmail)
 {
-    if (assign(m_gitEmail, gitEmail)) {
-        emit gitEmailChanged();
+    if (change(m_gitEmail, gitEmail, &ProfileEditor::gitEmailChanged)) {
         emit validityChanged();
     }
 }
 
 void ProfileEditor::setSshKeyPath(const QString& path)
 {
-    if (assign(m_sshKeyPath, path)) {
-        emit sshKeyPathChanged();
-    }
+    change(m_sshKeyPath, path, &ProfileEditor::sshKeyPathChanged);
 }
 
 bool ProfileEditor::isValid() const
@@ -148,17 +133,14 @@ bool ProfileEditor::isValid() const
 
 void ProfileEditor::setAiEnabled(bool enabled)
 {
-    if (assign(m_aiEnabled, enabled)) {
-        emit aiEnabledChanged();
-    }
+    change(m_aiEnabled, enabled, &ProfileEditor::aiEnabledChanged);
 }
 
 void ProfileEditor::setProvider(AIProvider provider)
 {
-    if (!assign(m_provider, provider)) {
+    if (!change(m_provider, provider, &ProfileEditor::providerChanged)) {
         return;
     }
-    emit providerChanged();
     setModel(AIProviders::models(provider).value(0));
     // A verdict speaks of the provider it tested.
     setConnectionStatus(QVariant::fromValue(nullptr));
@@ -204,9 +186,7 @@ QString ProfileEditor::providerSymbol(const QString& providerName) const
 
 void ProfileEditor::setModel(const QString& model)
 {
-    if (assign(m_model, model)) {
-        emit modelChanged();
-    }
+    change(m_model, model, &ProfileEditor::modelChanged);
 }
 
 QStringList ProfileEditor::models() const
@@ -216,16 +196,12 @@ QStringList ProfileEditor::models() const
 
 void ProfileEditor::setApiKey(const QString& key)
 {
-    if (assign(m_apiKey, key)) {
-        emit apiKeyChanged();
-    }
+    change(m_apiKey, key, &ProfileEditor::apiKeyChanged);
 }
 
 void ProfileEditor::setBaseURL(const QString& url)
 {
-    if (assign(m_baseURL, url)) {
-        emit baseURLChanged();
-    }
+    change(m_baseURL, url, &ProfileEditor::baseURLChanged);
 }
 
 bool ProfileEditor::showsAPIKey() const
@@ -277,37 +253,27 @@ void ProfileEditor::testConnection()
 
 void ProfileEditor::setKeyFilename(const QString& name)
 {
-    if (assign(m_keyFilename, name)) {
-        emit generationChanged();
-    }
+    change(m_keyFilename, name, &ProfileEditor::generationChanged);
 }
 
 void ProfileEditor::setUsePassphrase(bool use)
 {
-    if (assign(m_usePassphrase, use)) {
-        emit generationChanged();
-    }
+    change(m_usePassphrase, use, &ProfileEditor::generationChanged);
 }
 
 void ProfileEditor::setPassphrase(const QString& passphrase)
 {
-    if (assign(m_passphrase, passphrase)) {
-        emit generationChanged();
-    }
+    change(m_passphrase, passphrase, &ProfileEditor::generationChanged);
 }
 
 void ProfileEditor::setShowGenerateKeySheet(bool show)
 {
-    if (assign(m_showGenerateKeySheet, show)) {
-        emit showGenerateKeySheetChanged();
-    }
+    change(m_showGenerateKeySheet, show, &ProfileEditor::showGenerateKeySheetChanged);
 }
 
 void ProfileEditor::setShowCopyKeySheet(bool show)
 {
-    if (assign(m_showCopyKeySheet, show)) {
-        emit showCopyKeySheetChanged();
-    }
+    change(m_showCopyKeySheet, show, &ProfileEditor::showCopyKeySheetChanged);
 }
 
 QString ProfileEditor::home() const
@@ -371,7 +337,7 @@ ProfileEditor::SaveOutcome ProfileEditor::save()
     const QString id = m_profile.idText();
     if (!m_handedOver) {
         // Signing that cannot be stored keeps the sheet open before anything is saved.
-        if (!m_signing->save(id)) {
+        if (m_signing && !m_signing->save(id)) {
             return SigningRefused;
         }
         // The profile goes first, so that its rules find it in the list.
@@ -390,7 +356,5 @@ ProfileEditor::SaveOutcome ProfileEditor::save()
 
 void ProfileEditor::setSaveError(const QString& error)
 {
-    if (assign(m_saveError, error)) {
-        emit saveErrorChanged();
-    }
+    change(m_saveError, error, &ProfileEditor::saveErrorChanged);
 }

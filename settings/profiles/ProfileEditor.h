@@ -68,7 +68,8 @@ class ProfileEditor : public QObject, public QQmlParserStatus {
                    NOTIFY showGenerateKeySheetChanged)
     Q_PROPERTY(bool showCopyKeySheet READ showCopyKeySheet WRITE setShowCopyKeySheet NOTIFY
                    showCopyKeySheetChanged)
-    // The sections that keep their own files.
+    // The sections that keep their own files. The signing form is there once the editor has
+    // its profile manager.
     Q_PROPERTY(SigningForm* signing READ signing CONSTANT)
     Q_PROPERTY(ProfileRuleList* rules READ rules CONSTANT)
     // Why the last save could not be completed, as a sentence; empty otherwise.
@@ -187,6 +188,17 @@ signals:
     void saveErrorChanged();
 
 private:
+    // Sets a member and announces it; false when it held the value already.
+    template <typename T> bool change(T& member, const T& value, void (ProfileEditor::*changed)())
+    {
+        if (member == value) {
+            return false;
+        }
+        member = value;
+        emit(this->*changed)();
+        return true;
+    }
+
     void attach(ProfileManager& manager, AIContextManager& aiContext);
     void loadSections();
     void setSaveError(const QString& error);
@@ -194,7 +206,7 @@ private:
 
     QPointer<ProfileManager> m_manager;
     QPointer<AIContextManager> m_aiContext;
-    SigningForm* m_signing;
+    SigningForm* m_signing = nullptr; // made with the profile manager
     ProfileRuleList* m_rules;
 
     GitProfile m_profile;

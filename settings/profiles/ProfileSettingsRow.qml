@@ -97,34 +97,18 @@ Item {
             background: Item {}
         }
 
-        Row {
-            objectName: "hoverActions"
-            spacing: Theme.spacingS
-            opacity: row.isHovered ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
-
-            SymbolButton {
-                objectName: "editButton"
-                size: Theme.rowButtonSize
-                radius: Theme.rowRadius
-                symbolSize: Theme.subheadline.pixelSize + 1
-                fillOpacity: 0.6
-                symbol: "pencil"
-                tooltip: "Edit profile"
-                onClicked: row.editRequested()
-            }
-            SymbolButton {
-                objectName: "deleteButton"
-                size: Theme.rowButtonSize
-                radius: Theme.rowRadius
-                symbolSize: Theme.subheadline.pixelSize + 1
-                fillOpacity: 0.6
-                symbol: "trash"
-                foreground: Theme.red
-                fill: Theme.faded(Theme.red, 0.12)
-                tooltip: "Delete profile"
-                onClicked: row.showDeleteConfirmation = true
+        HoverActions {
+            large: true
+            shown: row.isHovered
+            actions: [
+                { name: "edit", symbol: "pencil", tooltip: "Edit profile" },
+                { name: "delete", symbol: "trash", tooltip: "Delete profile", destructive: true }
+            ]
+            onTriggered: name => {
+                if (name === "edit")
+                    row.editRequested()
+                else
+                    row.showDeleteConfirmation = true
             }
         }
     }

@@ -6,7 +6,6 @@
 #include "activation/ProfileManager.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
@@ -18,7 +17,6 @@ class SigningForm : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A profile editor keeps one for its signing section.")
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
     Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)
     Q_PROPERTY(bool signCommits READ signCommits WRITE setSignCommits NOTIFY signCommitsChanged)
     Q_PROPERTY(QString format READ format NOTIFY keyChanged)
@@ -26,10 +24,7 @@ class SigningForm : public QObject {
     Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
 
 public:
-    explicit SigningForm(QObject* parent = nullptr);
-
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
+    explicit SigningForm(ProfileManager& manager, QObject* parent = nullptr);
     QString key() const { return m_key; }
     void setKey(const QString& key);
     bool signCommits() const { return m_signCommits; }
@@ -54,7 +49,6 @@ public:
     QString problem() const;
 
 signals:
-    void managerChanged();
     void keyChanged();
     void signCommitsChanged();
     void errorChanged();
@@ -63,7 +57,7 @@ signals:
 private:
     void setError(const QString& error);
 
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
     QString m_key;
     bool m_signCommits = false;
     QString m_error;
