@@ -6,8 +6,8 @@ import QtQuick.Layouts
 import Kivora
 
 // A labelled choice of the Appearance page: the label, a segmented picker over `choices`
-// (maps with "rawValue", "displayName" and "description") and, under it, the description of
-// the chosen one. `activated` reports the user's choice.
+// (maps with "rawValue", "displayName" and "description") and, under it, what the chosen
+// one does. `activated` reports the user's choice.
 ColumnLayout {
     id: field
 
