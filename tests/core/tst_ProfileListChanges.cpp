@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "activation/ProfileManager.h"
-#include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
-#include "support/TestHome.h"
+#include "support/ManagedHome.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -16,15 +14,11 @@
 class tst_ProfileListChanges : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<AIContextManager> m_ai;
-    std::unique_ptr<ProfileManager> m_manager;
+    std::unique_ptr<ManagedHome> m_managed;
+    TestHome* m_home = nullptr;
+    ProfileManager* m_manager = nullptr;
 
-    static GitProfile profile(const QString& name)
-    {
-        return GitProfile::create(name, QStringLiteral("Ada"), QStringLiteral("ada@example.com"),
-                                  QString());
-    }
+    static GitProfile profile(const QString& name) { return ManagedHome::profile(name); }
 
     QStringList savedNames() const
     {
@@ -40,27 +34,19 @@ class tst_ProfileListChanges : public QObject {
 private slots:
     void init()
     {
-        m_home = std::make_unique<TestHome>();
-        m_ai = std::make_unique<AIContextManager>();
-        ProfileManager::Options options;
-        options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(*m_ai, options);
-        m_manager->setProfiles({profile(QStringLiteral("Work")), profile(QStringLiteral("Home"))});
-        m_manager->save();
+        m_managed = std::make_unique<ManagedHome>(
+            QList<GitProfile>{profile(QStringLiteral("Work")), profile(QStringLiteral("Home"))});
+        m_home = &m_managed->home();
+        m_manager = &m_managed->manager();
     }
 
-    void cleanup()
-    {
-        m_manager.reset();
-        m_ai.reset();
-        m_home.reset();
-    }
+    void cleanup() { m_managed.reset(); }
 
     void appendAnnouncesTheNewRow()
     {
-        QSignalSpy inserted(m_manager.get(), &ProfileManager::profileInserted);
-        QSignalSpy reset(m_manager.get(), &ProfileManager::profilesReset);
-        QSignalSpy changed(m_manager.get(), &ProfileManager::profilesChanged);
+        QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
+        QSignalSpy reset(m_manager, &ProfileManager::profilesReset);
+        QSignalSpy changed(m_manager, &ProfileManager::profilesChanged);
         const GitProfile lab = profile(QStringLiteral("Lab"));
         m_manager->appendProfile(lab);
         QCOMPARE(inserted.size(), 1);
@@ -74,7 +60,7 @@ private slots:
 
     void addProfileNamesItAndAnnouncesIt()
     {
-        QSignalSpy inserted(m_manager.get(), &ProfileManager::profileInserted);
+        QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
         const GitProfile added =
             m_manager->addProfile(QStringLiteral("id_work laptop"), QStringLiteral("A"),
                                   QStringLiteral("a@x.example"), QStringLiteral("~/.ssh/id_work"));
@@ -85,7 +71,7 @@ private slots:
 
     void updateAnnouncesItsRowAndKeepsThePlace()
     {
-        QSignalSpy updated(m_manager.get(), &ProfileManager::profileUpdated);
+        QSignalSpy updated(m_manager, &ProfileManager::profileUpdated);
         GitProfile home = m_manager->profiles().at(1);
         home.name = QStringLiteral("House");
         QVERIFY(m_manager->updateProfile(home));
@@ -105,7 +91,7 @@ private slots:
         const GitProfile twin = profile(QStringLiteral("Twin"));
         m_manager->setProfiles({twin, profile(QStringLiteral("Work")), twin});
         m_manager->setActiveProfileID(twin.id);
-        QSignalSpy removed(m_manager.get(), &ProfileManager::profileRemoved);
+        QSignalSpy removed(m_manager, &ProfileManager::profileRemoved);
         m_manager->removeProfile(twin);
         QCOMPARE(removed.size(), 2);
         // Each row is the row it was just before its removal.
@@ -142,7 +128,7 @@ private slots:
     void moveAnnouncesBothRowsAndSaves()
     {
         m_manager->appendProfile(profile(QStringLiteral("Lab")));
-        QSignalSpy moved(m_manager.get(), &ProfileManager::profileMoved);
+        QSignalSpy moved(m_manager, &ProfileManager::profileMoved);
         QVERIFY(m_manager->moveProfile(2, 0));
         QCOMPARE(moved.size(), 1);
         QCOMPARE(moved.first().at(0).toInt(), 2);
@@ -156,8 +142,8 @@ private slots:
 
     void replacingTheListIsAReset()
     {
-        QSignalSpy reset(m_manager.get(), &ProfileManager::profilesReset);
-        QSignalSpy inserted(m_manager.get(), &ProfileManager::profileInserted);
+        QSignalSpy reset(m_manager, &ProfileManager::profilesReset);
+        QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
         m_manager->setProfiles({profile(QStringLiteral("Solo"))});
         QCOMPARE(reset.size(), 1);
         QCOMPARE(inserted.size(), 0);
@@ -165,7 +151,7 @@ private slots:
 
     void aFileThatCannotBeWrittenIsSaidInASentence()
     {
-        QSignalSpy errors(m_manager.get(), &ProfileManager::saveErrorChanged);
+        QSignalSpy errors(m_manager, &ProfileManager::saveErrorChanged);
         // The folder of the profile file turned into a file: nothing can be written there.
         const QString folder = m_home->filePath(QStringLiteral(".git-switcher"));
         QVERIFY(QDir(folder).removeRecursively());

@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "activation/ProfileManager.h"
-#include "ai/AIContextManager.h"
 #include "settings/profiles/ProfileEditor.h"
 #include "support/LocalHttpServer.h"
-#include "support/TestHome.h"
+#include "support/ManagedHome.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -22,13 +20,13 @@
 class tst_ProfileEditor : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<AIContextManager> m_ai;
-    std::unique_ptr<ProfileManager> m_manager;
+    std::unique_ptr<ManagedHome> m_managed;
+    TestHome* m_home = nullptr;
+    ProfileManager* m_manager = nullptr;
 
     std::unique_ptr<ProfileEditor> editorFor(const GitProfile& profile)
     {
-        auto editor = std::make_unique<ProfileEditor>(*m_manager, *m_ai);
+        auto editor = std::make_unique<ProfileEditor>(*m_manager, m_managed->aiContext());
         editor->setProfile(profile);
         return editor;
     }
@@ -38,11 +36,6 @@ class tst_ProfileEditor : public QObject {
 private slots:
     void init()
     {
-        m_home = std::make_unique<TestHome>();
-        m_ai = std::make_unique<AIContextManager>();
-        ProfileManager::Options options;
-        options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(*m_ai, options);
         GitProfile profile = GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada"),
                                                 QStringLiteral("ada@work.example"),
                                                 QStringLiteral("~/.ssh/id_work"));
@@ -51,16 +44,12 @@ private slots:
         profile.aiConfig.model = QStringLiteral("gemini-pro");
         profile.aiConfig.apiKey = QStringLiteral("g-key");
         profile.aiConfig.customHeaders.insert(QStringLiteral("X-Team"), QStringLiteral("core"));
-        m_manager->setProfiles({profile});
-        m_manager->save();
+        m_managed = std::make_unique<ManagedHome>(QList<GitProfile>{profile});
+        m_home = &m_managed->home();
+        m_manager = &m_managed->manager();
     }
 
-    void cleanup()
-    {
-        m_manager.reset();
-        m_ai.reset();
-        m_home.reset();
-    }
+    void cleanup() { m_managed.reset(); }
 
     void copiesTheProfileAsStored()
     {
@@ -205,7 +194,7 @@ private slots:
     {
         const auto editor = editorFor(work());
         QSignalSpy saved(editor.get(), &ProfileEditor::saved);
-        connect(editor.get(), &ProfileEditor::saved, m_manager.get(),
+        connect(editor.get(), &ProfileEditor::saved, m_manager,
                 [this](const GitProfile& p) { m_manager->updateProfile(p); });
         QVERIFY(editor->rules()->addRemote(QStringLiteral("git@github.com:acme/**")));
         // Staged: nothing is written before Save.
@@ -233,7 +222,7 @@ private slots:
     void aProfileFileThatCannotBeWrittenIsSaid()
     {
         const auto editor = editorFor(work());
-        connect(editor.get(), &ProfileEditor::saved, m_manager.get(),
+        connect(editor.get(), &ProfileEditor::saved, m_manager,
                 [this](const GitProfile& p) { m_manager->updateProfile(p); });
         QVERIFY(QDir(m_home->filePath(QStringLiteral(".git-switcher"))).removeRecursively());
         m_home->write(QStringLiteral(".git-switcher"), "not a folder");

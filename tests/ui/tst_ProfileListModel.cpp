@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "ai/AIContextManager.h"
 #include "menubar/ProfileListModel.h"
-#include "support/TestHome.h"
+#include "support/ManagedHome.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -16,17 +15,12 @@
 class tst_ProfileListModel : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<AIContextManager> m_ai;
-    std::unique_ptr<ProfileManager> m_manager;
+    std::unique_ptr<ManagedHome> m_managed;
+    ProfileManager* m_manager = nullptr;
     std::unique_ptr<ProfileListModel> m_model;
     std::unique_ptr<QAbstractItemModelTester> m_tester;
 
-    static GitProfile profile(const QString& name)
-    {
-        return GitProfile::create(name, name + QStringLiteral(" Git"),
-                                  name.toLower() + QStringLiteral("@example.com"), QString());
-    }
+    static GitProfile profile(const QString& name) { return ManagedHome::profile(name); }
 
     QStringList names() const
     {
@@ -40,12 +34,9 @@ class tst_ProfileListModel : public QObject {
 private slots:
     void init()
     {
-        m_home = std::make_unique<TestHome>();
-        m_ai = std::make_unique<AIContextManager>();
-        ProfileManager::Options options;
-        options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(*m_ai, options);
-        m_manager->setProfiles({profile(QStringLiteral("Work")), profile(QStringLiteral("Home"))});
+        m_managed = std::make_unique<ManagedHome>(
+            QList<GitProfile>{profile(QStringLiteral("Work")), profile(QStringLiteral("Home"))});
+        m_manager = &m_managed->manager();
         m_model = std::make_unique<ProfileListModel>(*m_manager);
         m_tester = std::make_unique<QAbstractItemModelTester>(
             m_model.get(), QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -55,9 +46,7 @@ private slots:
     {
         m_tester.reset();
         m_model.reset();
-        m_manager.reset();
-        m_ai.reset();
-        m_home.reset();
+        m_managed.reset();
     }
 
     void addingInsertsOneRowAtTheEnd()
