@@ -5,17 +5,23 @@ import QtQuick
 import QtTest
 import Kivora
 
-// What the profile editor tests do to the sheet as a user would: make it over a profile,
-// find its controls, scroll them into view, click, type and pick. The test cases hold the
-// assertions; `savedSpy` and `dismissedSpy` follow the sheet made last.
+// What the profile editor tests do to the sheet as a user would: make it over a profile on
+// the stage, find its controls, scroll them into view, click, type and pick. The test cases
+// hold the assertions; `savedSpy` and `dismissedSpy` follow the sheet made last.
 QtObject {
     id: driver
 
     required property TestCase testCase
     required property Item stage
-    required property Component editorComponent
-    required property SignalSpy savedSpy
-    required property SignalSpy dismissedSpy
+
+    readonly property Component editorComponent: Component {
+        ProfileEditorSheet {
+            objectName: "editor"
+            anchors.fill: parent
+        }
+    }
+    readonly property SignalSpy savedSpy: SignalSpy { signalName: "saved" }
+    readonly property SignalSpy dismissedSpy: SignalSpy { signalName: "dismissed" }
 
     function makeEditor(profile) {
         const editor = testCase.createTemporaryObject(driver.editorComponent, driver.stage, { profile: profile })

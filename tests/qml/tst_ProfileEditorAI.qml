@@ -29,27 +29,6 @@ Item {
             id: driver
             testCase: testCase
             stage: stage
-            editorComponent: editorComponent
-            savedSpy: savedSpy
-            dismissedSpy: dismissedSpy
-        }
-
-        Component {
-            id: editorComponent
-            ProfileEditorSheet {
-                objectName: "editor"
-                anchors.fill: parent
-            }
-        }
-
-        SignalSpy {
-            id: savedSpy
-            signalName: "saved"
-        }
-
-        SignalSpy {
-            id: dismissedSpy
-            signalName: "dismissed"
         }
 
         function test_providerSymbols() {
@@ -102,7 +81,7 @@ Item {
             driver.press(editor, "aiEnabledSwitch")
             verify(!editor.form.aiEnabled)
             driver.press(editor, "saveButton")
-            const saved = savedSpy.signalArguments[0][0]
+            const saved = driver.savedSpy.signalArguments[0][0]
             compare(saved.aiConfig.isEnabled, false)
             compare(saved.aiConfig.provider, "Local")
             compare(saved.aiConfig.model, "llama")

@@ -27,27 +27,6 @@ Item {
             id: driver
             testCase: testCase
             stage: stage
-            editorComponent: editorComponent
-            savedSpy: savedSpy
-            dismissedSpy: dismissedSpy
-        }
-
-        Component {
-            id: editorComponent
-            ProfileEditorSheet {
-                objectName: "editor"
-                anchors.fill: parent
-            }
-        }
-
-        SignalSpy {
-            id: savedSpy
-            signalName: "saved"
-        }
-
-        SignalSpy {
-            id: dismissedSpy
-            signalName: "dismissed"
         }
 
         function test_titleFollowsTheProfileName() {
@@ -124,8 +103,8 @@ Item {
             verify(!save.enabled)
             // Pressing a disabled Save does nothing.
             mouseClick(save)
-            compare(savedSpy.count, 0)
-            compare(dismissedSpy.count, 0)
+            compare(driver.savedSpy.count, 0)
+            compare(driver.dismissedSpy.count, 0)
         }
 
         function test_spacesCountAndAreStored() {
@@ -135,9 +114,9 @@ Item {
             driver.typeInto(driver.field(editor, "gitEmailField"), " ")
             verify(driver.field(editor, "saveButton").enabled)
             driver.press(editor, "saveButton")
-            compare(savedSpy.count, 1)
-            compare(dismissedSpy.count, 1)
-            const saved = savedSpy.signalArguments[0][0]
+            compare(driver.savedSpy.count, 1)
+            compare(driver.dismissedSpy.count, 1)
+            const saved = driver.savedSpy.signalArguments[0][0]
             compare(saved.name, " ")
             compare(saved.gitName, " ")
             compare(saved.gitEmail, " ")
@@ -152,8 +131,8 @@ Item {
             compare(ProfilesFixture.profileAt(0).customHeaderCount, 2)
             const editor = driver.makeEditor(actions.profileAt(0))
             driver.press(editor, "saveButton")
-            compare(savedSpy.count, 1)
-            verify(actions.updateProfile(savedSpy.signalArguments[0][0]))
+            compare(driver.savedSpy.count, 1)
+            verify(actions.updateProfile(driver.savedSpy.signalArguments[0][0]))
             const stored = ProfilesFixture.profileAt(0)
             compare(stored.customHeaderCount, 0)
             compare(stored.name, "Work")
@@ -169,8 +148,8 @@ Item {
             editor.form.gitName = "G"
             editor.form.gitEmail = "e@example.com"
             driver.press(editor, "cancelButton")
-            compare(dismissedSpy.count, 1)
-            compare(savedSpy.count, 0)
+            compare(driver.dismissedSpy.count, 1)
+            compare(driver.savedSpy.count, 0)
         }
     }
 }
