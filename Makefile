@@ -3,6 +3,8 @@
 # make run    installs what is missing, builds and starts Kivora
 # make test   installs what is missing, builds and runs every test (also under sanitizers)
 # make bench  builds and prints the benchmark figures
+# make torture kills profile-changing commands at random moments (ITERATIONS=600) and checks
+#             the profile file after each kill; prints its figures
 # make format formats the sources with .clang-format
 
 BUILD      ?= build
@@ -11,7 +13,7 @@ GENERATOR  := -G Ninja
 JOBS       ?= $(shell nproc)
 SOURCES     = $(shell git ls-files '*.cpp' '*.h' 2>/dev/null || find . -path ./build\* -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
 
-.PHONY: all deps build run test test-core test-asan check-format format bench clean package
+.PHONY: all deps build run test test-core test-asan check-format format bench torture clean package
 
 all: build
 
@@ -49,10 +51,18 @@ test: check-format test-core test-asan
 bench: build
 	$(BUILD)/bench/kivora-bench
 	@echo
+	@echo "command lines writing at the same time (no application running)"
+	@bench/parallel-writers.sh $(BUILD)/cli/kivora 2 200
+	@bench/parallel-writers.sh $(BUILD)/cli/kivora 4 200
+	@echo
 	@echo "tray application (private X display; start, popover and memory figures)"
 	@if command -v Xvfb >/dev/null && command -v trayer >/dev/null && command -v xdotool >/dev/null; then \
 		app/measure.sh $(BUILD)/app/kivora-app; \
 	else echo "  skipped: needs Xvfb, trayer and xdotool"; fi
+
+ITERATIONS ?= 600
+torture: build
+	$(BUILD)/bench/torture/kivora-torture --iterations $(ITERATIONS) $(BUILD)/cli/kivora
 
 package: build
 	cd $(BUILD) && cpack -G DEB && echo "package: $$(ls -t "$$PWD"/kivora_*.deb | head -n 1)"

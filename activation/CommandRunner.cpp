@@ -79,3 +79,35 @@ int CommandRunner::execute(const QString& program, const QStringList& arguments)
     }
     return process.exitCode();
 }
+
+std::optional<QString> CommandRunner::attempt(const QStringList& arguments) const
+{
+    QProcess process;
+    process.setProgram(m_programs.env);
+    process.setArguments(arguments);
+    process.setProcessChannelMode(QProcess::SeparateChannels);
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    process.start();
+    if (!process.waitForFinished(-1)) {
+        return QStringLiteral("%1 could not be started").arg(arguments.value(0));
+    }
+    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
+        return std::nullopt;
+    }
+    const QString complaint = QString::fromUtf8(process.readAllStandardError()).trimmed();
+    QString line = complaint.section(u'\n', 0, 0).trimmed();
+    for (const QLatin1String prefix : {QLatin1String("error: "), QLatin1String("fatal: ")}) {
+        if (line.startsWith(prefix)) {
+            line = line.mid(prefix.size());
+        }
+    }
+    if (line.isEmpty()) {
+        return process.exitStatus() == QProcess::NormalExit
+                   ? QStringLiteral("%1 exited with status %2")
+                         .arg(arguments.value(0))
+                         .arg(process.exitCode())
+                   : QStringLiteral("%1 crashed").arg(arguments.value(0));
+    }
+    return line;
+}

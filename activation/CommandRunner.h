@@ -33,6 +33,11 @@ public:
     // process's standard streams, waits for it and ignores its status.
     void run(const QStringList& arguments) const;
 
+    // Runs `env arguments…` like run(), but with its standard error captured: nothing when
+    // the program exited with status 0, else why not, as a phrase (the program's own first
+    // line of complaint without its "error: " or "fatal: ", or that it could not start).
+    std::optional<QString> attempt(const QStringList& arguments) const;
+
     // Runs `program arguments…` with nothing captured; returns its exit status, or -1 when it
     // could not be started or did not exit normally.
     int execute(const QString& program, const QStringList& arguments) const;

@@ -9,6 +9,7 @@
 #include "activation/ShellIntegration.h"
 #include "activation/SigningStore.h"
 #include "model/GitProfile.h"
+#include "model/ProfileLock.h"
 #include "model/ProfileStore.h"
 
 #include <QList>
@@ -16,17 +17,21 @@
 #include <QString>
 #include <QUuid>
 
+#include <functional>
 #include <optional>
 
 class AIContextManager;
 
 // Owns the profile list, the active profile and every side effect of switching identity.
-// The in-memory state is authoritative; the profile file mirrors it after each save().
+// Its list mirrors the profile file. Other processes (command lines, a second session) may
+// write that file too, so every change is made under the profile lock on what the file holds
+// at that moment: the list is read again first, taking over what others saved, the change is
+// applied to it and the result saved. A stale list never overwrites a newer file.
 //
-// The list changes one row at a time (add, update, remove, move), each announced by its own
-// signal after the change, so that a list model can insert and remove rows instead of
-// starting again; `profilesReset` announces a list replaced whole. `profilesChanged` follows
-// every change of either kind.
+// Every change of the list is announced row by row where it can be: a profile inserted,
+// updated, removed or moved has its own signal for its row, after the change, so that a list
+// model can insert and remove rows instead of starting again; `profilesReset` announces a
+// list that changed in more ways at once. `profilesChanged` follows every change.
 class ProfileManager : public QObject {
     Q_OBJECT
     Q_PROPERTY(QList<GitProfile> profiles READ profiles NOTIFY profilesChanged)
@@ -35,7 +40,6 @@ class ProfileManager : public QObject {
     Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
     Q_PROPERTY(bool needsProfileSetup READ needsProfileSetup WRITE setNeedsProfileSetup NOTIFY
                    needsProfileSetupChanged)
-    Q_PROPERTY(QString saveError READ saveError NOTIFY saveErrorChanged)
 
 public:
     struct Options {
@@ -46,6 +50,8 @@ public:
         bool restoreAIContext = true;
         // A command that shows no global identity can skip reading it from git.
         bool readGlobalIdentity = true;
+        // How long a change waits for another writer to let go of the profile file.
+        int lockTimeoutMs = ProfileLock::defaultTimeoutMs;
     };
 
     // `aiContext` is where activations put the AI configuration; it must outlive the manager.
@@ -53,7 +59,7 @@ public:
     ProfileManager(AIContextManager& aiContext, Options options, QObject* parent = nullptr);
 
     const QList<GitProfile>& profiles() const { return m_profiles; }
-    // Replaces the list whole (start-up, tests arranging a state). Not saved.
+    // Changes the list in memory only; save() writes it.
     void setProfiles(const QList<GitProfile>& profiles);
     // The row of the first profile with this id, or -1.
     int indexOf(const QUuid& id) const;
@@ -75,39 +81,74 @@ public:
     bool startedFresh() const { return m_startedFresh; }
     QString loadError() const { return m_loadError; }
     QString preservedFilePath() const { return m_preservedFilePath; }
+    // Why the profiles first-run set-up made could not be saved; empty when they were (or
+    // when the file was read).
+    QString setupSaveError() const { return m_setupSaveError; }
 
     QString home() const { return m_home; }
     const ShellIntegration& shellIntegration() const { return m_shell; }
     const CommandRunner& runner() const { return m_runner; }
 
-    // Writes the profile file; false, with `saveError` saying so, when it could not be written.
+    // A change of the list and the active id, given the current ones to edit in place.
+    using Change = std::function<void(QList<GitProfile>& profiles, std::optional<QUuid>& active)>;
+
+    // Makes one change safely against other writers: with the profile file locked, what
+    // another process saved since becomes the list (a missing or unreadable file leaves the
+    // list as it is, an unreadable one kept aside first), the change is applied and the result
+    // saved; a change that changes nothing saves nothing. Unsaved changes made with setProfiles()
+    // stand as long as nobody else changed the file; otherwise the file wins. False when the file
+    // could not be locked or written: then the list stays as the file has it, and `error` gets one
+    // sentence without its final full stop ("the profiles could not be saved to … (Read-only file
+    // system)").
+    bool change(const Change& change, QString* error = nullptr);
+
+    // Writes the list and active id in memory as they are (under the lock, but without
+    // reading the file first: what was set with setProfiles() wins over what others saved).
     Q_INVOKABLE bool save();
-    // The sentence for the last save that failed; empty once one succeeded.
-    QString saveError() const { return m_saveError; }
     Q_INVOKABLE void refreshGlobalConfig();
-    void applyGlobally(const GitProfile& profile);
-    // A new profile with a fresh id, its display name made from `name` by displayName(),
-    // appended and saved.
-    GitProfile addProfile(const QString& name, const QString& gitName, const QString& gitEmail,
-                          const QString& sshKeyPath);
-    // Appends the profile as it is, keeping its id, and saves.
-    void appendProfile(const GitProfile& profile);
-    // Replaces the first profile with the same id in place and saves; its rules follow the
-    // edited identity at once. False, and nothing saved, when no profile has the id.
-    bool updateProfile(const GitProfile& profile);
+    // Activates the profile. With the file locked, the list is read again first; a profile
+    // that another process removed meanwhile is not applied. Every step runs even when one
+    // fails (git's own settings may be unwritable); false, with the first failure as one
+    // sentence in `error`, when git, the files of ~/.kivora or the profile file could not be
+    // written.
+    bool applyGlobally(const GitProfile& profile, QString* error = nullptr);
+    // Appends a new profile (fresh id, display name by displayName(), no AI settings) and
+    // saves; nothing when it could not be saved.
+    std::optional<GitProfile> addProfile(const QString& name, const QString& gitName,
+                                         const QString& gitEmail, const QString& sshKeyPath,
+                                         QString* error = nullptr);
+    // The same for several at once, in order, with one save: all or none are added.
+    std::optional<QList<GitProfile>> addProfiles(const QList<GitProfile>& sources,
+                                                 QString* error = nullptr);
+    // Appends the profile as it is, keeping its id. False when it could not be saved.
+    bool appendProfile(const GitProfile& profile, QString* error = nullptr);
+
+    enum class Update { Saved, Gone, Failed };
+    // Replaces the first profile with the same id, in place; repositories its rules reach take
+    // the edited identity at once. Gone, and nothing saved, when there is none.
+    Update updateProfile(const GitProfile& profile, QString* error = nullptr);
+    // The same, with the change given as an edit of the stored profile: fields another process
+    // changed meanwhile and `edit` leaves alone are kept. `edited` receives the result.
+    Update editProfile(const QUuid& id, const std::function<void(GitProfile&)>& edit,
+                       QString* error = nullptr, GitProfile* edited = nullptr);
 
     struct Removal {
+        bool saved = false;
+        QString error; // why the profile file could not be written
         QStringList removedKeyFiles;
-        QStringList refusedKeyFiles; // one sentence for each key file kept, and why
+        QStringList refusedKeyFiles; // one sentence for each key file that was kept
     };
     // Removes every profile with this profile's id and, with `forgetActive`, forgets it as the
-    // active one; git and the shell files are left as they are. With `deleteSSHKey`, its key
-    // file and the ".pub" beside it go first (see KeyFileRemoval): the profile goes whatever
-    // happens to them. Saves; the rules of the removed profile go too.
+    // active one; git and the shell files are left as they are. With `deleteSSHKey` the key
+    // file and the ".pub" beside it are removed too, each on its own and only when it is a
+    // regular file inside ~/.ssh (see KeyFileRemoval). The rules of the removed profile go
+    // with it. When the profile file cannot be written the profile stays, and so do its key
+    // files.
     Removal removeProfile(const GitProfile& profile, bool deleteSSHKey = false,
                           bool forgetActive = true);
-    // Moves the profile at row `from` to row `to` and saves. False for a row out of range.
-    bool moveProfile(int from, int to);
+    // Moves the profile at row `from` to row `to` and saves. False for a row out of range or
+    // when it could not be saved.
+    bool moveProfile(int from, int to, QString* error = nullptr);
     Q_INVOKABLE void openTerminal(const GitProfile& profile);
 
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
@@ -131,21 +172,41 @@ signals:
     void globalGitNameChanged();
     void globalGitEmailChanged();
     void needsProfileSetupChanged();
-    void saveErrorChanged();
 
 private:
+    // Runs `work` with the profile file locked; nested calls share the lock. False when the
+    // lock could not be had (`error` says why) or `work` returned false.
+    bool locked(const std::function<bool()>& work, QString* error);
+    // Takes over what the file holds now, when another process changed it and it can be read.
+    void readStoredChanges();
+    // Saves the list and active id; afterwards they are the state in memory.
+    bool store(const QList<GitProfile>& profiles, const std::optional<QUuid>& active,
+               QString* error);
+    QString saveFailure(const QString& reason) const;
     void start();
     void restoreAIContext();
+    // The side effects of an activation: git's settings, the wrapper, the AI environment file
+    // and this process's environment. Each failure goes to `note` as one sentence.
+    void activate(const GitProfile& profile, const std::function<void(const QString&)>& note);
     void syncAllowedSigners() const;
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
     void setGlobalGitEmail(const QString& email);
-    void listChanged();
+    // Announces how the list changed from `before` to what it is now.
+    void announceChanges(const QList<GitProfile>& before);
 
     QString m_home;
     CommandRunner m_runner;
     ShellIntegration m_shell;
     ProfileStore m_store;
+    ProfileLock m_lock;
+    int m_lockTimeoutMs;
+    int m_lockDepth = 0;
+    // The list in memory is exactly what the file holds (read or written last).
+    bool m_inSync = false;
+    // The file's bytes as this manager last read or wrote them: a file that still holds them
+    // has not been changed by anyone else since.
+    QByteArray m_knownBytes;
     SigningStore m_signingStore;
     CommitSigning m_signing;
     AIContextManager& m_aiContext;
@@ -157,9 +218,9 @@ private:
     QString m_globalGitName;
     QString m_globalGitEmail;
     bool m_needsProfileSetup = false;
-    QString m_saveError;
 
     bool m_startedFresh = false;
     QString m_loadError;
     QString m_preservedFilePath;
+    QString m_setupSaveError;
 };

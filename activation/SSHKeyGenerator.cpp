@@ -4,6 +4,7 @@
 #include "activation/SSHKeyGenerator.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStringDecoder>
 
@@ -41,7 +42,8 @@ SSHKeyGenerator::Result SSHKeyGenerator::generate(const Request& request, const 
     result.fileName = fileName(request);
 
     QProcess process;
-    // Standard output goes where ours goes; standard error is collected and never read.
+    // Standard output goes where ours goes; standard error is collected for the reason of a
+    // failure.
     process.setProcessChannelMode(QProcess::ForwardedOutputChannel);
     // No input: asked whether to overwrite an existing file, ssh-keygen reads "no".
     process.setStandardInputFile(QProcess::nullDevice());
@@ -60,6 +62,18 @@ SSHKeyGenerator::Result SSHKeyGenerator::generate(const Request& request, const 
         result.sshKeyPath = QStringLiteral("~/.ssh/") + result.fileName;
     } else {
         result.outcome = Outcome::Failed;
+        const QString key = home + QStringLiteral("/.ssh/") + result.fileName;
+        if (QFileInfo::exists(key)) {
+            result.error = QStringLiteral("%1 already exists").arg(key);
+        } else {
+            // ssh-keygen's last line says what went wrong ("Saving key … failed: …").
+            const QStringList lines =
+                QString::fromUtf8(process.readAllStandardError()).split(u'\n', Qt::SkipEmptyParts);
+            result.error =
+                lines.isEmpty()
+                    ? QStringLiteral("ssh-keygen exited with status %1").arg(process.exitCode())
+                    : lines.last().trimmed();
+        }
     }
     return result;
 }

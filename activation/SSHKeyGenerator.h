@@ -29,7 +29,7 @@ public:
         Outcome outcome = Outcome::NotStarted;
         QString fileName;   // the key's file name inside ~/.ssh
         QString sshKeyPath; // "~/.ssh/<file name>" when created, empty otherwise
-        QString error;      // why ssh-keygen could not be started
+        QString error;      // why ssh-keygen could not be started, or why it failed
     };
 
     static QString program() { return QStringLiteral("/usr/bin/ssh-keygen"); }

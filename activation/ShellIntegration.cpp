@@ -108,17 +108,24 @@ QByteArray ShellIntegration::aiEnvText(const GitProfile& profile, const QDateTim
     return text.toUtf8();
 }
 
-void ShellIntegration::ensureSSHWrapper() const
+bool ShellIntegration::ensureSSHWrapper(QString* error) const
 {
     PrivateFolder::ensure(folder());
     const QString path = wrapperPath();
     if (QFileInfo(path).exists() || QFileInfo(path).isSymLink()) {
-        return;
+        return true;
     }
     // Written executable by the user alone from the first byte, whatever the umask: git runs
     // this file, so nobody else may be able to change it. A separate `chmod +x` would add
     // execute bits for everyone the umask lets through, so the mode is set here instead.
-    AtomicFile::write(path, wrapperScript(), privateExecutable);
+    QString why;
+    if (!AtomicFile::write(path, wrapperScript(), privateExecutable, &why)) {
+        if (error) {
+            *error = QStringLiteral("%1 could not be written (%2)").arg(path, why);
+        }
+        return false;
+    }
+    return true;
 }
 
 void ShellIntegration::tidy() const
@@ -140,12 +147,18 @@ void ShellIntegration::tidy() const
     }
 }
 
-void ShellIntegration::ensureAIEnvFile(const GitProfile& profile) const
+bool ShellIntegration::ensureAIEnvFile(const GitProfile& profile, QString* error) const
 {
     PrivateFolder::ensure(folder());
-    AtomicFile::write(aiEnvPath(), aiEnvText(profile, QDateTime::currentDateTimeUtc()),
-                      AtomicFile::privateFile);
+    QString why;
+    const bool written =
+        AtomicFile::write(aiEnvPath(), aiEnvText(profile, QDateTime::currentDateTimeUtc()),
+                          AtomicFile::privateFile, &why);
+    if (!written && error) {
+        *error = QStringLiteral("%1 could not be written (%2)").arg(aiEnvPath(), why);
+    }
     ensureShellIntegration();
+    return written;
 }
 
 void ShellIntegration::ensureShellIntegration() const

@@ -24,8 +24,9 @@ public:
     static constexpr QFileDevice::Permissions privateExecutable =
         QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
 
-    // Writes the wrapper (0700), unless a file is already there.
-    void ensureSSHWrapper() const;
+    // Writes the wrapper (0700), unless a file is already there. False, with the reason in
+    // `error`, when it is missing and cannot be written.
+    bool ensureSSHWrapper(QString* error = nullptr) const;
 
     // Puts right what a killed write or a loose umask left: an existing ~/.kivora becomes
     // 0700 again, an existing wrapper loses write access for others, and temporary files of
@@ -33,8 +34,9 @@ public:
     // Creates nothing.
     void tidy() const;
 
-    // Rewrites the AI environment file for the profile, then hooks it into the shells.
-    void ensureAIEnvFile(const GitProfile& profile) const;
+    // Rewrites the AI environment file for the profile, then hooks it into the shells. False,
+    // with the reason in `error`, when the file could not be written (the old one stays).
+    bool ensureAIEnvFile(const GitProfile& profile, QString* error = nullptr) const;
 
     // Appends the hook to ~/.zshrc and ~/.bashrc where they exist and do not mention the file.
     void ensureShellIntegration() const;

@@ -49,13 +49,18 @@ int KivoraApp::main(int argc, char** argv)
 
     // One instance per user: a second start brings the running popover forward and ends.
     InstanceChannel channel;
-    if (!channel.listen()) {
-        const auto reply =
-            InstanceChannel::send({{QStringLiteral("command"), QStringLiteral("show")}});
-        if (reply) {
+    QString why;
+    if (!channel.listen(&why)) {
+        const auto answer =
+            InstanceChannel::ask({{QStringLiteral("command"), QStringLiteral("show")}}, 2000);
+        if (answer.kind == InstanceChannel::Answer::Kind::Answered) {
             return 0;
         }
-        QTextStream(stderr) << "kivora-app: another instance holds the socket but does not answer"
+        QTextStream(stderr) << "kivora-app: "
+                            << (answer.kind == InstanceChannel::Answer::Kind::NoAnswer
+                                    ? QStringLiteral("another instance holds the socket but does "
+                                                     "not answer")
+                                    : QStringLiteral("cannot open its socket: ") + why)
                             << Qt::endl;
         return 1;
     }
@@ -209,12 +214,18 @@ void KivoraApp::registerCommands(InstanceChannel& channel)
         openPopover();
         return QJsonObject{};
     });
-    // A command line command that changes profiles, carried out here so that this process's
-    // state stays authoritative and the open windows show the change at once.
+    // A command line command that changes profiles, carried out here so that the open
+    // windows show the change at once. Nothing else is taken: what only reads (a listing, an
+    // export with its API keys) never leaves the command line's own process.
     channel.addCommand(QStringLiteral("cli"), [this](const QJsonObject& request) {
         QStringList arguments{QStringLiteral("kivora")};
         for (const QJsonValue& argument : request.value(QStringLiteral("arguments")).toArray()) {
             arguments << argument.toString();
+        }
+        if (!KivoraCli::changesProfiles(arguments.value(1))) {
+            return QJsonObject{{QStringLiteral("ok"), false},
+                               {QStringLiteral("error"),
+                                QStringLiteral("only commands that change profiles are taken")}};
         }
         QString input = request.value(QStringLiteral("input")).toString();
         QString out;

@@ -3,6 +3,7 @@
 
 #include "CliBench.h"
 #include "CoreBench.h"
+#include "ImportBench.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -18,5 +19,7 @@ int main(int argc, char* argv[])
     CoreBench(out).run();
     out << "\n";
     CliBench(out).run();
+    out << "\n";
+    ImportBench(out).run();
     return 0;
 }

@@ -123,6 +123,7 @@ int KivoraCli::run()
     }
 
     const QStringList rest = args.mid(1);
+    m_command = command;
     if (const auto status = handOn(command, rest)) {
         return *status;
     }
@@ -217,6 +218,12 @@ ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
                   << m_manager->preservedFilePath() << " and new profiles were set up.\n";
             m_err.flush();
         }
+        // A command that changes profiles says so itself when it cannot save them.
+        if (!m_manager->setupSaveError().isEmpty() && !changesProfiles(m_command)) {
+            m_err << "kivora: " << m_manager->setupSaveError()
+                  << "; the profiles shown are not saved.\n";
+            m_err.flush();
+        }
     }
     return *m_manager;
 }
@@ -231,12 +238,17 @@ std::optional<GitProfile> KivoraCli::resolve(const QString& query)
     return profile;
 }
 
-std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& args)
+bool KivoraCli::changesProfiles(const QString& command)
 {
     static const QStringList changing{QStringLiteral("use"), QStringLiteral("add"),
                                       QStringLiteral("edit"), QStringLiteral("remove"),
                                       QStringLiteral("import")};
-    if (m_hosted || !changing.contains(command) || args.contains(QLatin1String("--help")) ||
+    return changing.contains(command);
+}
+
+std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& args)
+{
+    if (m_hosted || !changesProfiles(command) || args.contains(QLatin1String("--help")) ||
         args.contains(QLatin1String("-h"))) {
         return std::nullopt;
     }
@@ -251,17 +263,36 @@ std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& 
     if (command == QLatin1String("edit") && args.contains(QLatin1String("--ai-key-stdin"))) {
         request.insert(QStringLiteral("input"), input());
     }
-    const auto reply = InstanceChannel::send(request, 60000);
-    if (!reply) {
+    // The application waits for git while it switches; a minute is far beyond any switch.
+    const int seconds = qEnvironmentVariableIsSet("KIVORA_ANSWER_TIMEOUT")
+                            ? std::max(1, qEnvironmentVariableIntValue("KIVORA_ANSWER_TIMEOUT"))
+                            : 60;
+    const auto answer = InstanceChannel::ask(request, seconds * 1000);
+    switch (answer.kind) {
+    case InstanceChannel::Answer::Kind::NotRunning:
         return std::nullopt;
+    case InstanceChannel::Answer::Kind::Foreign:
+        m_err << "kivora: the socket " << InstanceChannel::socketPath()
+              << " belongs to a process of another user, not to your Kivora; it was left alone.\n";
+        m_err.flush();
+        return std::nullopt;
+    case InstanceChannel::Answer::Kind::NoAnswer:
+        // The application may have made the change, or may still make it: doing it here too
+        // could make it twice.
+        return fail(QStringLiteral("the running Kivora did not answer within %1 seconds; the "
+                                   "change was not made here, see kivora list for what it did.")
+                        .arg(seconds));
+    case InstanceChannel::Answer::Kind::Answered:
+        break;
     }
-    if (!reply->value(QStringLiteral("ok")).toBool()) {
+    const QJsonObject& reply = answer.reply;
+    if (!reply.value(QStringLiteral("ok")).toBool()) {
         return fail(QStringLiteral("the running Kivora did not take the command: %1.")
-                        .arg(reply->value(QStringLiteral("error")).toString()));
+                        .arg(reply.value(QStringLiteral("error")).toString()));
     }
-    m_out << reply->value(QStringLiteral("out")).toString();
-    m_err << reply->value(QStringLiteral("err")).toString();
-    return reply->value(QStringLiteral("status")).toInt(Failure);
+    m_out << reply.value(QStringLiteral("out")).toString();
+    m_err << reply.value(QStringLiteral("err")).toString();
+    return reply.value(QStringLiteral("status")).toInt(Failure);
 }
 
 QString KivoraCli::input()
@@ -398,10 +429,13 @@ int KivoraCli::use(const QStringList& args)
         return m_status;
     }
     ProfileManager& profiles = manager();
-    profiles.applyGlobally(*profile);
+    QString why;
+    if (!profiles.applyGlobally(*profile, &why)) {
+        return fail(printable(why) + u'.');
+    }
+    // git may also be missing, or leave the values to a file it includes that says otherwise.
     if (profiles.globalGitName() != profile->gitName.trimmed() ||
         profiles.globalGitEmail() != profile->gitEmail.trimmed()) {
-        m_out << "Switched to " << printable(profile->name) << ".\n";
         return fail(QStringLiteral("git did not take the new identity (it reports %1); is git "
                                    "installed and ~/.gitconfig writable?")
                         .arg(identity(profiles.globalGitName(), profiles.globalGitEmail())));
@@ -429,9 +463,13 @@ int KivoraCli::add(const QStringList& args)
         return fail(QStringLiteral("add needs a git name and e-mail: --git-name N --git-email E."),
                     UsageError);
     }
-    const GitProfile added = manager().addProfile(name, parser.value(gitName),
-                                                  parser.value(gitEmail), parser.value(sshKey));
-    m_out << "Added profile " << printable(added.name) << ".\n";
+    QString why;
+    const auto added = manager().addProfile(name, parser.value(gitName), parser.value(gitEmail),
+                                            parser.value(sshKey), &why);
+    if (!added) {
+        return fail(printable(why) + QStringLiteral("; nothing was added."));
+    }
+    m_out << "Added profile " << printable(added->name) << ".\n";
     return Success;
 }
 
@@ -538,49 +576,63 @@ int KivoraCli::edit(const QStringList& args)
         }
     }
 
-    if (parser.isSet(name)) {
-        profile->name = parser.value(name);
-    }
-    if (parser.isSet(gitName)) {
-        profile->gitName = parser.value(gitName);
-    }
-    if (parser.isSet(gitEmail)) {
-        profile->gitEmail = parser.value(gitEmail);
-    }
-    if (parser.isSet(sshKey)) {
-        profile->sshKeyPath = parser.value(sshKey);
-    }
-    // Saved as the profile editor saves: a fresh AI configuration without custom headers.
-    AIConfig config = profile->aiConfig;
-    config.customHeaders.clear();
-    if (aiEnabled) {
-        config.isEnabled = *aiEnabled;
-    }
-    if (newProvider && *newProvider != config.provider) {
-        config.provider = *newProvider;
-        config.model = AIProviders::models(*newProvider).value(0);
-    }
-    if (parser.isSet(model)) {
-        config.model = parser.value(model);
-    }
-    if (parser.isSet(baseUrl)) {
-        config.baseURL = parser.value(baseUrl);
-    }
+    // The fields given are changed on the profile as the file holds it when it is saved, so
+    // a change another process made meanwhile to the other fields stays.
+    const auto edit = [&](GitProfile& stored) {
+        if (parser.isSet(name)) {
+            stored.name = parser.value(name);
+        }
+        if (parser.isSet(gitName)) {
+            stored.gitName = parser.value(gitName);
+        }
+        if (parser.isSet(gitEmail)) {
+            stored.gitEmail = parser.value(gitEmail);
+        }
+        if (parser.isSet(sshKey)) {
+            stored.sshKeyPath = parser.value(sshKey);
+        }
+        // Saved as the profile editor saves: a fresh AI configuration without custom headers.
+        AIConfig& config = stored.aiConfig;
+        config.customHeaders.clear();
+        if (aiEnabled) {
+            config.isEnabled = *aiEnabled;
+        }
+        if (newProvider && *newProvider != config.provider) {
+            config.provider = *newProvider;
+            config.model = AIProviders::models(*newProvider).value(0);
+        }
+        if (parser.isSet(model)) {
+            config.model = parser.value(model);
+        }
+        if (parser.isSet(baseUrl)) {
+            config.baseURL = parser.value(baseUrl);
+        }
+        if (parser.isSet(keyStdin)) {
+            QString key = input();
+            if (key.endsWith(u'\n')) {
+                key.chop(1);
+            }
+            if (key.endsWith(u'\r')) {
+                key.chop(1);
+            }
+            config.apiKey = key;
+        }
+    };
     if (parser.isSet(keyStdin)) {
-        QString key = input();
-        if (key.endsWith(u'\n')) {
-            key.chop(1);
-        }
-        if (key.endsWith(u'\r')) {
-            key.chop(1);
-        }
-        config.apiKey = key;
+        input(); // read before the profiles are locked, however slowly it comes
     }
-    profile->aiConfig = config;
-
-    if (changesProfile && !manager().updateProfile(*profile)) {
-        return fail(QStringLiteral("the profile is gone; nothing was saved."));
+    if (changesProfile) {
+        QString why;
+        switch (manager().editProfile(profile->id, edit, &why, &*profile)) {
+        case ProfileManager::Update::Saved:
+            break;
+        case ProfileManager::Update::Gone:
+            return fail(QStringLiteral("the profile is gone; nothing was saved."));
+        case ProfileManager::Update::Failed:
+            return fail(printable(why) + QStringLiteral("; nothing was saved."));
+        }
     }
+    const AIConfig& config = profile->aiConfig;
     if (changesSigning) {
         QString error;
         if (!manager().setSigning(profile->id, signing, &error)) {
@@ -617,21 +669,23 @@ int KivoraCli::remove(const QStringList& args)
     if (!profile) {
         return m_status;
     }
-    const auto removal = manager().removeProfile(*profile, parser.isSet(deleteKey));
-    const QStringList& removed = removal.removedKeyFiles;
-    const QStringList& refused = removal.refusedKeyFiles;
+    const auto deletion = manager().removeProfile(*profile, parser.isSet(deleteKey));
+    if (!deletion.saved) {
+        return fail(printable(deletion.error) +
+                    QStringLiteral("; the profile and its key files were kept."));
+    }
     m_out << "Removed profile " << printable(profile->name) << ".\n";
-    for (const QString& file : removed) {
+    for (const QString& file : deletion.removedKeyFiles) {
         m_out << "Deleted " << printable(file) << "\n";
     }
     if (parser.isSet(deleteKey) && !profile->sshKeyPath.isEmpty() &&
-        removed.size() + refused.size() < 2) {
+        deletion.removedKeyFiles.size() + deletion.refusedKeyFiles.size() < 2) {
         m_out << "Not every key file was there to delete.\n";
     }
     // Only a regular file inside ~/.ssh is ever deleted; the profile is gone either way, but
     // a key file that was asked for and kept is a failure the user must hear about.
     int status = Success;
-    for (const QString& sentence : refused) {
+    for (const QString& sentence : deletion.refusedKeyFiles) {
         status = fail(printable(sentence));
     }
     return status;
@@ -677,9 +731,9 @@ int KivoraCli::importProfiles(const QStringList& args)
         return fail(QStringLiteral("%1 is not a profile export (%2); nothing was imported.")
                         .arg(path, why));
     }
-    ProfileManager& target = manager();
-    for (const GitProfile& p : *profiles) {
-        target.addProfile(p.name, p.gitName, p.gitEmail, p.sshKeyPath);
+    // One save for the whole file: a kill or a full disk leaves all of it or none.
+    if (!manager().addProfiles(*profiles, &why)) {
+        return fail(printable(why) + QStringLiteral("; nothing was imported."));
     }
     m_out << "Imported " << profiles->size() << " profile" << (profiles->size() == 1 ? "" : "s")
           << ".\n";

@@ -28,6 +28,9 @@ public:
 
     int run();
 
+    // The commands that change profiles: only they are handed to a running application.
+    static bool changesProfiles(const QString& command);
+
 private:
     int startApplication();
     // Hands a command that changes profiles to the running application, whose state in memory
@@ -74,4 +77,5 @@ private:
     ProfileManager* m_hosted = nullptr;
     std::optional<QString> m_input;
     int m_status = Success;
+    QString m_command;
 };

@@ -39,6 +39,9 @@ Item {
         }
     }
 
+    // A sentence left from an earlier view's failure is not this view's.
+    Component.onCompleted: Profiles.clearError()
+
     function switchTo(profileId: string) {
         if (Profiles.activate(profileId)) {
             justSwitched = profileId
@@ -113,6 +116,19 @@ Item {
                     }
                 }
             }
+        }
+
+        // Why the last switch or deletion did not go through.
+        Text {
+            objectName: "actionError"
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.spacingM
+            Layout.rightMargin: Theme.spacingM
+            visible: Profiles.error.length > 0
+            text: Profiles.error
+            font: Theme.caption
+            color: Theme.red
+            wrapMode: Text.Wrap
         }
 
         Divider { Layout.fillWidth: true }

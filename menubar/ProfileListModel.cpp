@@ -3,6 +3,8 @@
 
 #include "menubar/ProfileListModel.h"
 
+#include "model/Sentence.h"
+
 ProfileListModel::ProfileListModel(ProfileManager& manager, QObject* parent)
     : QAbstractListModel(parent), m_manager(manager), m_profiles(manager.profiles())
 {
@@ -105,8 +107,10 @@ bool ProfileListModel::activate(const QString& id)
     if (!chosen) {
         return false;
     }
-    m_manager.applyGlobally(*chosen);
-    return true;
+    QString why;
+    const bool applied = m_manager.applyGlobally(*chosen, &why);
+    setError(applied ? QString() : Sentence::of(why));
+    return applied;
 }
 
 bool ProfileListModel::remove(const QString& id)
@@ -116,8 +120,18 @@ bool ProfileListModel::remove(const QString& id)
         return false;
     }
     // The popover's delete: the profile only; even the active id stays as it is.
-    m_manager.removeProfile(*chosen, /*deleteSSHKey*/ false, /*forgetActive*/ false);
-    return true;
+    const auto removal = m_manager.removeProfile(*chosen, /*deleteSSHKey*/ false,
+                                                 /*forgetActive*/ false);
+    setError(removal.saved ? QString() : Sentence::of(removal.error));
+    return removal.saved;
+}
+
+void ProfileListModel::setError(const QString& error)
+{
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
+    }
 }
 
 bool ProfileListModel::openTerminal(const QString& id)

@@ -17,6 +17,8 @@ class ProfileListModel : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(bool hasActiveProfile READ hasActiveProfile NOTIFY activeProfileChanged)
     Q_PROPERTY(QVariantMap activeProfile READ activeProfile NOTIFY activeProfileChanged)
+    // Why the last switch or deletion failed, as one sentence; empty after one that worked.
+    Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
     enum Role {
@@ -37,6 +39,7 @@ public:
     // "id", "name", "gitName", "gitEmail" and "sshKeyPath" of the active profile; empty
     // when no profile is active.
     QVariantMap activeProfile() const;
+    QString error() const { return m_error; }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -45,19 +48,24 @@ public:
     // The profile at a row; an empty one past the end.
     Q_INVOKABLE GitProfile at(int row) const;
 
-    // Makes the profile active and rewrites the global git identity. False for an unknown id.
+    // Makes the profile active and rewrites the global git identity. False for an unknown id
+    // and when git or a file could not be written (then `error` says why).
     Q_INVOKABLE bool activate(const QString& id);
     // Removes every profile with this id, keeps the others in order and saves. The active
-    // profile id, the global identity and any key file are left as they are.
+    // profile id, the global identity and any key file are left as they are. False when
+    // there was none or the profile file could not be written (then `error` says why).
     Q_INVOKABLE bool remove(const QString& id);
     // Opens a terminal window with the profile's identity preset.
     Q_INVOKABLE bool openTerminal(const QString& id);
+    // Puts the sentence of an earlier failure away (a view that starts afresh).
+    Q_INVOKABLE void clearError() { setError(QString()); }
 
     static QVariantMap describe(const GitProfile& profile);
 
 signals:
     void countChanged();
     void activeProfileChanged();
+    void errorChanged();
 
 private:
     std::optional<GitProfile> profile(const QString& id) const;
@@ -67,8 +75,10 @@ private:
     void move(int from, int to);
     void reset();
     void activeChanged();
+    void setError(const QString& error);
 
     ProfileManager& m_manager;
     // The rows as the views last heard of them; always the manager's list after a signal.
     QList<GitProfile> m_profiles;
+    QString m_error;
 };

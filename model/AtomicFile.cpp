@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -60,8 +61,14 @@ bool writeAll(int fd, const QByteArray& bytes)
 } // namespace
 
 bool AtomicFile::write(const QString& path, const QByteArray& bytes,
-                       std::optional<QFileDevice::Permissions> permissions)
+                       std::optional<QFileDevice::Permissions> permissions, QString* error)
 {
+    const auto fail = [error](int code) {
+        if (error) {
+            *error = QString::fromLocal8Bit(std::strerror(code));
+        }
+        return false;
+    };
     QString target = path;
     const QFileInfo info(path);
     if (info.isSymLink() && info.exists()) {
@@ -86,13 +93,20 @@ bool AtomicFile::write(const QString& path, const QByteArray& bytes,
     QByteArray temporary = targetName + ".kivora-XXXXXX";
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0) {
-        return false;
+        return fail(errno);
     }
     const bool written = ::fchmod(fd, mode) == 0 && writeAll(fd, bytes);
-    const bool closed = ::close(fd) == 0;
-    if (!written || !closed || ::rename(temporary.constData(), targetName.constData()) != 0) {
+    int code = written ? 0 : errno;
+    // A full disk may only show when the data is flushed at close.
+    if (::close(fd) != 0 && code == 0) {
+        code = errno;
+    }
+    if (code == 0 && ::rename(temporary.constData(), targetName.constData()) != 0) {
+        code = errno;
+    }
+    if (code != 0) {
         ::unlink(temporary.constData());
-        return false;
+        return fail(code);
     }
     return true;
 }

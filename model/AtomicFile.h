@@ -21,9 +21,12 @@ public:
 
     // Writes `bytes` to `path`. With `permissions` the file gets exactly those; without,
     // an existing file keeps its own and a new one gets the usual defaults. A symbolic
-    // link is followed, so a start-up file kept in a dotfiles folder stays a link.
+    // link is followed, so a start-up file kept in a dotfiles folder stays a link. On
+    // failure the old file is untouched and `error` gets the system's reason ("No space
+    // left on device", "Read-only file system", …).
     static bool write(const QString& path, const QByteArray& bytes,
-                      std::optional<QFileDevice::Permissions> permissions = std::nullopt);
+                      std::optional<QFileDevice::Permissions> permissions = std::nullopt,
+                      QString* error = nullptr);
 
     // Creates `path` and missing parents; the folders it creates are private to the user.
     static bool makePrivateFolder(const QString& path);

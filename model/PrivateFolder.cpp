@@ -18,9 +18,12 @@ bool PrivateFolder::ensure(const QString& path)
     if (::stat(name.constData(), &info) != 0 || !S_ISDIR(info.st_mode)) {
         return false;
     }
-    if ((info.st_mode & 07777) == S_IRWXU) {
+    if ((info.st_mode & 077) == 0) {
+        // Nobody else may enter. What the user took from themselves (a folder made
+        // unreadable on purpose) is theirs to give back: it is not loosened here.
         return true;
     }
-    // Only the owner may change the mode; a folder of someone else is left as it is.
-    return info.st_uid == ::geteuid() && ::chmod(name.constData(), S_IRWXU) == 0;
+    // Only the owner may change the mode; a folder of someone else is left as it is. The
+    // user's own bits stay as they are.
+    return info.st_uid == ::geteuid() && ::chmod(name.constData(), info.st_mode & S_IRWXU) == 0;
 }

@@ -9,8 +9,9 @@
 // open to the user alone whatever the umask, whether Kivora made them or found them.
 class PrivateFolder {
 public:
-    // Creates the folder (and missing parents) 0700, or brings an existing folder of the user
-    // back to 0700 when others could enter, read or write it. A link to a folder is followed.
-    // True when the folder is there and private afterwards.
+    // Creates the folder (and missing parents) 0700, or takes every permission of group and
+    // others away from an existing folder of the user (0755 becomes 0700); the user's own
+    // permissions stay as they are. A link to a folder is followed. True when the folder is
+    // there and private afterwards.
     static bool ensure(const QString& path);
 };

@@ -21,7 +21,7 @@ ProfileStore::ProfileStore(const QString& home)
     m_path = folder + QStringLiteral("/profiles.json");
 }
 
-std::optional<StoredData> ProfileStore::load(QString* error) const
+std::optional<StoredData> ProfileStore::load(QString* error, QByteArray* read) const
 {
     RegularFileReader reader;
     const auto bytes = reader.read(m_path);
@@ -33,6 +33,9 @@ std::optional<StoredData> ProfileStore::load(QString* error) const
         }
         return std::nullopt;
     }
+    if (read) {
+        *read = *bytes;
+    }
     QString why;
     auto data = ProfileCodec::decodeStore(*bytes, &why);
     if (!data && error) {
@@ -41,9 +44,27 @@ std::optional<StoredData> ProfileStore::load(QString* error) const
     return data;
 }
 
-bool ProfileStore::save(const StoredData& data) const
+QString ProfileStore::folder() const
 {
-    return AtomicFile::write(m_path, ProfileCodec::encodeStore(data), AtomicFile::privateFile);
+    return QFileInfo(m_path).path();
+}
+
+bool ProfileStore::save(const StoredData& data, QString* error, QByteArray* written) const
+{
+    const QByteArray bytes = ProfileCodec::encodeStore(data);
+    if (!AtomicFile::write(m_path, bytes, AtomicFile::privateFile, error)) {
+        return false;
+    }
+    if (written) {
+        *written = bytes;
+    }
+    return true;
+}
+
+bool ProfileStore::exists() const
+{
+    const QFileInfo info(m_path);
+    return info.exists() || info.isSymLink();
 }
 
 void ProfileStore::removeLeftovers() const

@@ -17,11 +17,20 @@ public:
     explicit ProfileStore(const QString& home);
 
     QString path() const { return m_path; }
+    QString folder() const;
 
-    // Fails for a missing, unreadable or undecodable file; `error` then says why.
-    std::optional<StoredData> load(QString* error = nullptr) const;
+    // Fails for a missing, unreadable or undecodable file; `error` then says why. `bytes`
+    // gets what was read, whenever the file could be read.
+    std::optional<StoredData> load(QString* error = nullptr, QByteArray* bytes = nullptr) const;
 
-    bool save(const StoredData& data) const;
+    // Writes the whole file atomically. On failure the old file stays as it was and `error`
+    // gets the system's reason ("No space left on device").
+    // `written` gets the bytes the file holds afterwards.
+    bool save(const StoredData& data, QString* error = nullptr,
+              QByteArray* written = nullptr) const;
+
+    // Whether anything (a file, a link, something else) stands at the file's place.
+    bool exists() const;
 
     // Removes temporary files that a killed save left beside the profile file.
     void removeLeftovers() const;

@@ -6,6 +6,7 @@
 #include "model/AtomicFile.h"
 #include "model/ProfileCodec.h"
 #include "model/RegularFileReader.h"
+#include "model/Sentence.h"
 
 namespace {
 
@@ -21,34 +22,59 @@ ProfileTransfer::ProfileTransfer(ProfileManager& manager, QObject* parent)
 {
 }
 
-bool ProfileTransfer::exportTo(const QUrl& file) const
+void ProfileTransfer::setError(const QString& error)
+{
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
+    }
+}
+
+bool ProfileTransfer::exportTo(const QUrl& file)
 {
     if (file.isEmpty()) {
         return false;
     }
     // The file holds the same data as the profile file, keys included: private to the user.
-    return AtomicFile::write(localPath(file),
-                             ProfileCodec::encodeProfileArray(m_manager.profiles()),
-                             AtomicFile::privateFile);
+    QString why;
+    const QString path = localPath(file);
+    if (!AtomicFile::write(path, ProfileCodec::encodeProfileArray(m_manager.profiles()),
+                           AtomicFile::privateFile, &why)) {
+        setError(Sentence::of(
+            QStringLiteral("the profiles could not be exported to %1 (%2)").arg(path, why)));
+        return false;
+    }
+    setError({});
+    return true;
 }
 
-int ProfileTransfer::importFrom(const QUrl& file) const
+int ProfileTransfer::importFrom(const QUrl& file)
 {
     if (file.isEmpty()) {
         return 0;
     }
+    const QString path = localPath(file);
     // A FIFO or device chosen in the file dialog would block or act when read; a file over
     // 16 MiB or nested too deep is refused by the reader and the decoder.
-    const auto bytes = RegularFileReader().read(localPath(file));
+    RegularFileReader reader;
+    const auto bytes = reader.read(path);
     if (!bytes) {
+        setError(Sentence::of(
+            QStringLiteral("cannot read %1: %2; nothing was imported").arg(path, reader.error())));
         return 0;
     }
-    const auto profiles = ProfileCodec::decodeProfileArray(*bytes);
+    QString why;
+    const auto profiles = ProfileCodec::decodeProfileArray(*bytes, &why);
     if (!profiles) {
+        setError(
+            Sentence::of(QStringLiteral("%1 is not a profile export (%2); nothing was imported")
+                             .arg(path, why)));
         return 0;
     }
-    for (const GitProfile& profile : *profiles) {
-        m_manager.addProfile(profile.name, profile.gitName, profile.gitEmail, profile.sshKeyPath);
+    if (!m_manager.addProfiles(*profiles, &why)) {
+        setError(Sentence::of(why + QStringLiteral("; nothing was imported")));
+        return 0;
     }
+    setError({});
     return int(profiles->size());
 }

@@ -110,11 +110,31 @@ Item {
             color: Theme.separator
         }
 
-        SettingsPage {
-            objectName: "detail"
+        ColumnLayout {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            tab: view.selectedTab
+            spacing: 0
+
+            SettingsPage {
+                objectName: "detail"
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                tab: view.selectedTab
+            }
+
+            // Why the last export or import did nothing; a click puts it away.
+            Text {
+                objectName: "transferError"
+                Layout.fillWidth: true
+                Layout.margins: Theme.spacingL
+                visible: ProfileTransfer.error.length > 0
+                text: ProfileTransfer.error
+                font: Theme.subheadline
+                color: Theme.red
+                wrapMode: Text.Wrap
+
+                TapHandler { onTapped: ProfileTransfer.error = "" }
+            }
         }
     }
 }

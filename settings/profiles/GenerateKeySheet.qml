@@ -7,15 +7,17 @@ import Kivora
 
 // The small form for a new SSH key: its file name in ~/.ssh (empty for "id_ed25519") and an
 // optional passphrase. The values are the editor's (`form`); "Generate" is never disabled.
-// Cancel keeps what was typed until the next generation empties it.
+// Cancel keeps what was typed until the next generation empties it; a generation that makes
+// no key keeps the form open with the reason.
 Rectangle {
     id: sheet
 
     required property ProfileEditor form
 
     function generate() {
-        sheet.form.generateSSHKey()
-        sheet.form.showGenerateKeySheet = false
+        if (sheet.form.generateSSHKey()) {
+            sheet.form.showGenerateKeySheet = false
+        }
     }
 
     function cancel() {
@@ -68,6 +70,16 @@ Rectangle {
             placeholderText: "Passphrase"
             text: sheet.form.passphrase
             onTextEdited: sheet.form.passphrase = text
+        }
+
+        Text {
+            objectName: "generateError"
+            Layout.fillWidth: true
+            visible: sheet.form.generationError.length > 0
+            text: sheet.form.generationError
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.Wrap
         }
 
         RowLayout {

@@ -3,11 +3,21 @@
 
 #include "settings/profiles/ProfileActions.h"
 
+#include "model/Sentence.h"
 #include "settings/profiles/ScannedKey.h"
 
 ProfileActions::ProfileActions(ProfileManager& manager, QObject* parent)
     : QObject(parent), m_manager(manager)
 {
+}
+
+void ProfileActions::setError(const QString& phrase)
+{
+    const QString error = Sentence::of(phrase);
+    if (m_error != error) {
+        m_error = error;
+        emit errorChanged();
+    }
 }
 
 const GitProfile& ProfileActions::newProfileTemplate()
@@ -22,14 +32,19 @@ GitProfile ProfileActions::profileAt(int index) const
                                                              : GitProfile();
 }
 
-void ProfileActions::activate(const GitProfile& profile)
+bool ProfileActions::activate(const GitProfile& profile)
 {
-    m_manager.applyGlobally(profile);
+    QString why;
+    const bool applied = m_manager.applyGlobally(profile, &why);
+    setError(why);
+    return applied;
 }
 
 QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
 {
-    return m_manager.removeProfile(profile, deleteSSHKey).refusedKeyFiles.join(u' ');
+    const auto removal = m_manager.removeProfile(profile, deleteSSHKey);
+    setError(removal.error);
+    return removal.refusedKeyFiles.join(u' ');
 }
 
 QString ProfileActions::keySharedWith(const GitProfile& profile) const
@@ -45,21 +60,39 @@ QString ProfileActions::keySharedWith(const GitProfile& profile) const
     return names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
 
-void ProfileActions::addProfile(const GitProfile& profile)
+bool ProfileActions::addProfile(const GitProfile& profile)
 {
-    m_manager.appendProfile(profile);
+    QString why;
+    const bool saved = m_manager.appendProfile(profile, &why);
+    setError(why);
+    return saved;
 }
 
 bool ProfileActions::updateProfile(const GitProfile& profile)
 {
-    return m_manager.updateProfile(profile);
+    QString why;
+    const auto outcome = m_manager.updateProfile(profile, &why);
+    setError(why);
+    return outcome == ProfileManager::Update::Saved;
 }
 
-void ProfileActions::addScannedKeys(const QVariantList& entries)
+bool ProfileActions::addScannedKeys(const QVariantList& entries)
 {
+    if (entries.isEmpty()) {
+        return false;
+    }
+    QList<GitProfile> sources;
     for (const QVariant& entry : entries) {
         const auto key = entry.value<ScannedKey>();
-        m_manager.addProfile(key.keyName, key.name, key.email,
-                             QStringLiteral("~/.ssh/") + key.keyName);
+        GitProfile source;
+        source.name = key.keyName;
+        source.gitName = key.name;
+        source.gitEmail = key.email;
+        source.sshKeyPath = QStringLiteral("~/.ssh/") + key.keyName;
+        sources.append(source);
     }
+    QString why;
+    const bool saved = m_manager.addProfiles(sources, &why).has_value();
+    setError(why);
+    return saved;
 }

@@ -8,6 +8,7 @@
 #include "ai/AIContextManager.h"
 #include "app/KivoraApp.h"
 #include "model/HomePath.h"
+#include "model/Sentence.h"
 #include "settings/profiles/ProfileRuleList.h"
 #include "settings/profiles/SigningForm.h"
 
@@ -281,7 +282,7 @@ QString ProfileEditor::home() const
     return m_manager ? m_manager->home() : HomePath::home();
 }
 
-void ProfileEditor::generateSSHKey()
+bool ProfileEditor::generateSSHKey()
 {
     SSHKeyGenerator::Request request;
     request.gitEmail = m_gitEmail;
@@ -289,15 +290,21 @@ void ProfileEditor::generateSSHKey()
     request.usePassphrase = m_usePassphrase;
     request.passphrase = m_passphrase;
     const SSHKeyGenerator::Result result = SSHKeyGenerator::generate(request, home());
-    if (!result.sshKeyPath.isEmpty()) {
-        setSshKeyPath(result.sshKeyPath);
-        m_pendingPublicKey = result.fileName;
-        m_copyTimer.start();
+    if (result.outcome != SSHKeyGenerator::Outcome::Created) {
+        m_generationError =
+            Sentence::of(QStringLiteral("the key could not be generated: ") + result.error);
+        emit generationChanged();
+        return false;
     }
+    setSshKeyPath(result.sshKeyPath);
+    m_pendingPublicKey = result.fileName;
+    m_copyTimer.start();
     m_keyFilename.clear();
     m_usePassphrase = false;
     m_passphrase.clear();
+    m_generationError.clear();
     emit generationChanged();
+    return true;
 }
 
 bool ProfileEditor::copyPublicKeyToClipboard(const QString& fileName) const
@@ -340,17 +347,15 @@ ProfileEditor::SaveOutcome ProfileEditor::save()
         if (m_signing && !m_signing->save(id)) {
             return SigningRefused;
         }
-        // The profile goes first, so that its rules find it in the list.
+        // The profile goes first, so that its rules find it in the list. Whoever stores it
+        // says here when it could not.
+        setSaveError({});
         emit saved(composedProfile());
+        if (!m_saveError.isEmpty()) {
+            return NotWritten;
+        }
         m_handedOver = true;
-    } else if (m_manager && !m_manager->saveError().isEmpty()) {
-        m_manager->save();
     }
-    if (m_manager && !m_manager->saveError().isEmpty()) {
-        setSaveError(m_manager->saveError());
-        return NotWritten;
-    }
-    setSaveError({});
     return m_rules->commit() ? Saved : RulesRefused;
 }
 

@@ -68,19 +68,22 @@ class ProfileEditor : public QObject, public QQmlParserStatus {
                    NOTIFY showGenerateKeySheetChanged)
     Q_PROPERTY(bool showCopyKeySheet READ showCopyKeySheet WRITE setShowCopyKeySheet NOTIFY
                    showCopyKeySheetChanged)
+    // Why the last key generation made no key, as one sentence; empty after one that worked.
+    Q_PROPERTY(QString generationError READ generationError NOTIFY generationChanged)
     // The sections that keep their own files. The signing form is there once the editor has
     // its profile manager.
     Q_PROPERTY(SigningForm* signing READ signing CONSTANT)
     Q_PROPERTY(ProfileRuleList* rules READ rules CONSTANT)
-    // Why the last save could not be completed, as a sentence; empty otherwise.
-    Q_PROPERTY(QString saveError READ saveError NOTIFY saveErrorChanged)
+    // Why the profile handed to `saved` could not be stored, as one sentence: whoever handles
+    // `saved` sets it (empty when the profile was stored), and save() stops there.
+    Q_PROPERTY(QString saveError READ saveError WRITE setSaveError NOTIFY saveErrorChanged)
 
 public:
     enum SaveOutcome {
         Saved,
         Invalid,        // a required field is empty
         SigningRefused, // the signing section says why under its fields
-        NotWritten,     // the profile file could not be written: `saveError`
+        NotWritten,     // the profile was not stored: `saveError` says why
         RulesRefused,   // the rule section says why under its fields
     };
     Q_ENUM(SaveOutcome)
@@ -148,10 +151,12 @@ public:
     void setShowGenerateKeySheet(bool show);
     bool showCopyKeySheet() const { return m_showCopyKeySheet; }
     void setShowCopyKeySheet(bool show);
+    QString generationError() const { return m_generationError; }
     // Runs ssh-keygen for the form's values (the interface waits for it). A new key's path
-    // goes into the form, and half a second later its public key onto the clipboard and the
-    // confirmation on screen. The form is emptied whatever happened.
-    Q_INVOKABLE void generateSSHKey();
+    // goes into the form, the form is emptied, and half a second later the public key goes
+    // onto the clipboard and the confirmation on screen. A run that makes no key keeps what
+    // was typed, to be corrected, and `generationError` says why. True when a key was made.
+    Q_INVOKABLE bool generateSSHKey();
     // Puts ~/.ssh/<file name>.pub, exactly as stored, on the clipboard. False, and the
     // clipboard untouched, when the file cannot be read.
     Q_INVOKABLE bool copyPublicKeyToClipboard(const QString& fileName) const;
@@ -167,6 +172,7 @@ public:
     // step that fails stops there; calling save() again goes on from it.
     Q_INVOKABLE SaveOutcome save();
     QString saveError() const { return m_saveError; }
+    void setSaveError(const QString& error);
 
 signals:
     void saved(const GitProfile& profile);
@@ -201,7 +207,6 @@ private:
 
     void attach(ProfileManager& manager, AIContextManager& aiContext);
     void loadSections();
-    void setSaveError(const QString& error);
     QString home() const;
 
     QPointer<ProfileManager> m_manager;
@@ -229,6 +234,7 @@ private:
     bool m_showGenerateKeySheet = false;
     bool m_showCopyKeySheet = false;
     QString m_pendingPublicKey;
+    QString m_generationError;
     QTimer m_copyTimer;
 
     bool m_handedOver = false;

@@ -208,7 +208,7 @@ Rectangle {
 
             Text {
                 id: saveErrorText
-                objectName: "saveErrorText"
+                objectName: "saveError"
                 Layout.fillWidth: true
                 visible: editorForm.saveError.length > 0
                 text: editorForm.saveError

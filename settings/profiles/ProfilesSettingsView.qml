@@ -43,13 +43,15 @@ SettingsContainer {
     }
 
     // What the editor returns: a new profile is appended as it is, an edited one replaces the
-    // profile with its id (nothing happens when that profile is gone).
-    function saveEditedProfile(profile: var) {
+    // profile with its id (nothing happens when that profile is gone). Returns why it could
+    // not be stored, or an empty text; the editor then stays open with the reason.
+    function saveEditedProfile(profile: var): string {
         if (page.isAddingProfile) {
             ProfileActions.addProfile(profile)
         } else {
             ProfileActions.updateProfile(profile)
         }
+        return ProfileActions.error
     }
 
     function closeEditor() {
@@ -73,7 +75,7 @@ SettingsContainer {
                 id: editor
                 objectName: "profileEditorSheet"
                 profile: page.isAddingProfile ? ProfileActions.profileTemplate() : page.editingProfile
-                onSaved: profile => page.saveEditedProfile(profile)
+                onSaved: profile => editor.form.saveError = page.saveEditedProfile(profile)
                 onDismissed: page.closeEditor()
             }
         }
@@ -136,6 +138,16 @@ SettingsContainer {
                 symbol: "plus"
                 onClicked: page.isAddingProfile = true
             }
+        }
+
+        Text {
+            objectName: "actionError"
+            Layout.fillWidth: true
+            visible: ProfileActions.error.length > 0
+            text: ProfileActions.error
+            font: Theme.subheadline
+            color: Theme.red
+            wrapMode: Text.WordWrap
         }
 
         Text {

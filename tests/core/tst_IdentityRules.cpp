@@ -317,7 +317,7 @@ private slots:
         const QString repo = newRepository(QStringLiteral("work/app"));
         GitProfile edited = m_work;
         edited.gitEmail = QStringLiteral("ada@new.example");
-        QVERIFY(m_manager->updateProfile(edited));
+        QCOMPARE(m_manager->updateProfile(edited), ProfileManager::Update::Saved);
         QCOMPARE(author(repo), identity(edited));
     }
 

@@ -115,9 +115,10 @@ private slots:
         // goes, the file stays, and a sentence says why.
         const GitProfile profile = withKey(QStringLiteral("Evil"), keyPath);
         const auto manager = managerWith({profile, withKey(QStringLiteral("Other"), QString())});
-        const auto removal = manager->removeProfile(profile, true);
-        const QStringList& removed = removal.removedKeyFiles;
-        const QStringList& refused = removal.refusedKeyFiles;
+        const auto deletion = manager->removeProfile(profile, true);
+        QVERIFY(deletion.saved);
+        const QStringList& removed = deletion.removedKeyFiles;
+        const QStringList& refused = deletion.refusedKeyFiles;
         QVERIFY2(removed.isEmpty(), qPrintable(removed.join(u' ')));
         QVERIFY(!refused.isEmpty());
         for (const QString& sentence : refused) {
@@ -127,10 +128,11 @@ private slots:
         QVERIFY(m_home->exists(survivor));
         QCOMPARE(manager->profiles().size(), 1);
         QCOMPARE(manager->profiles().first().name, QStringLiteral("Other"));
-        // Nothing outside the profile file changed.
+        // Nothing outside the profile file (and the lock of its writers) changed.
         auto after = m_home->snapshot();
         auto expected = before;
         after.erase(QStringLiteral(".git-switcher/profiles.json"));
+        after.erase(QStringLiteral(".git-switcher/profiles.lock"));
         expected.erase(QStringLiteral(".git-switcher/profiles.json"));
         for (auto it = after.begin(); it != after.end();) {
             it = it->first.startsWith(QLatin1String(".kivora/")) ? after.erase(it) : std::next(it);

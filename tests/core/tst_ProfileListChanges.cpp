@@ -61,10 +61,11 @@ private slots:
     void addProfileNamesItAndAnnouncesIt()
     {
         QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
-        const GitProfile added =
+        const auto added =
             m_manager->addProfile(QStringLiteral("id_work laptop"), QStringLiteral("A"),
                                   QStringLiteral("a@x.example"), QStringLiteral("~/.ssh/id_work"));
-        QCOMPARE(added.name, QStringLiteral("Work Laptop"));
+        QVERIFY(added);
+        QCOMPARE(added->name, QStringLiteral("Work Laptop"));
         QCOMPARE(inserted.size(), 1);
         QCOMPARE(savedNames().last(), QStringLiteral("Work Laptop"));
     }
@@ -74,14 +75,15 @@ private slots:
         QSignalSpy updated(m_manager, &ProfileManager::profileUpdated);
         GitProfile home = m_manager->profiles().at(1);
         home.name = QStringLiteral("House");
-        QVERIFY(m_manager->updateProfile(home));
+        QCOMPARE(m_manager->updateProfile(home), ProfileManager::Update::Saved);
         QCOMPARE(updated.size(), 1);
         QCOMPARE(updated.first().first().toInt(), 1);
         QCOMPARE(savedNames(), QStringList({QStringLiteral("Work"), QStringLiteral("House")}));
 
         // A profile that is no longer there changes nothing and saves nothing.
         const QByteArray before = m_home->read(QStringLiteral(".git-switcher/profiles.json"));
-        QVERIFY(!m_manager->updateProfile(profile(QStringLiteral("Gone"))));
+        QCOMPARE(m_manager->updateProfile(profile(QStringLiteral("Gone"))),
+                 ProfileManager::Update::Gone);
         QCOMPARE(updated.size(), 1);
         QCOMPARE(m_home->read(QStringLiteral(".git-switcher/profiles.json")), before);
     }
@@ -149,22 +151,35 @@ private slots:
         QCOMPARE(inserted.size(), 0);
     }
 
-    void aFileThatCannotBeWrittenIsSaidInASentence()
+    void insertingAroundTheOthersAnnouncesOnlyTheNewRows()
     {
-        QSignalSpy errors(m_manager, &ProfileManager::saveErrorChanged);
+        const GitProfile work = m_manager->profiles().at(0);
+        const GitProfile home = m_manager->profiles().at(1);
+        const GitProfile first = profile(QStringLiteral("First"));
+        const GitProfile last = profile(QStringLiteral("Last"));
+        QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
+        QSignalSpy reset(m_manager, &ProfileManager::profilesReset);
+        QVERIFY(m_manager->change([&](QList<GitProfile>& profiles, std::optional<QUuid>&) {
+            profiles = {first, work, home, last};
+        }));
+        QCOMPARE(inserted.size(), 2);
+        QCOMPARE(inserted.at(0).first().toInt(), 0);
+        QCOMPARE(inserted.at(1).first().toInt(), 3);
+        QCOMPARE(reset.size(), 0);
+    }
+
+    void aChangeThatCannotBeSavedAnnouncesNothing()
+    {
+        QSignalSpy inserted(m_manager, &ProfileManager::profileInserted);
         // The folder of the profile file turned into a file: nothing can be written there.
         const QString folder = m_home->filePath(QStringLiteral(".git-switcher"));
         QVERIFY(QDir(folder).removeRecursively());
         m_home->write(QStringLiteral(".git-switcher"), "not a folder");
-        QVERIFY(!m_manager->save());
-        QVERIFY(m_manager->saveError().contains(m_manager->storagePath()));
-        QVERIFY(m_manager->saveError().endsWith(u'.'));
-        QCOMPARE(errors.size(), 1);
-        QVERIFY(QFile::remove(folder));
-        QVERIFY(QDir().mkpath(folder));
-        QVERIFY(m_manager->save());
-        QVERIFY(m_manager->saveError().isEmpty());
-        QCOMPARE(errors.size(), 2);
+        QString why;
+        QVERIFY(!m_manager->appendProfile(profile(QStringLiteral("Lab")), &why));
+        QVERIFY2(why.contains(m_manager->storagePath()), qPrintable(why));
+        QCOMPARE(inserted.size(), 0);
+        QCOMPARE(m_manager->profiles().size(), 2);
     }
 };
 

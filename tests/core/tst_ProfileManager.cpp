@@ -320,8 +320,8 @@ private slots:
         const auto manager = makeManager();
         QSignalSpy changed(manager.get(), &ProfileManager::profilesChanged);
         const GitProfile added =
-            manager->addProfile(QStringLiteral("id_work"), QStringLiteral("W"),
-                                QStringLiteral("w@x"), QStringLiteral("~/.ssh/id_work"));
+            *manager->addProfile(QStringLiteral("id_work"), QStringLiteral("W"),
+                                 QStringLiteral("w@x"), QStringLiteral("~/.ssh/id_work"));
         QCOMPARE(added.name, QStringLiteral("Work"));
         QCOMPARE(added.aiConfig, AIConfig::empty());
         QCOMPARE(manager->profiles(), QList<GitProfile>{added});

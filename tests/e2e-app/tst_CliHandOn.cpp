@@ -10,12 +10,14 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
+#include <sys/stat.h>
 
-// While the tray application runs, the command line's profile changes are carried out by it:
-// its profile list in memory stays the one that is saved, so nothing is lost or overwritten.
+// While the tray application runs, the command line's profile changes are carried out by it,
+// so that its windows show them at once; what only reads stays in the command line.
 class tst_CliHandOn : public QObject {
     Q_OBJECT
 
@@ -58,15 +60,20 @@ class tst_CliHandOn : public QObject {
         return names;
     }
 
-    // Asks the running application for its own view of the profiles.
-    QString appList() const
+    // Whether the application answers on its socket (an unknown command gets an answer too).
+    static bool appAnswers()
     {
-        const auto reply = InstanceChannel::send(
-            {{QStringLiteral("command"), QStringLiteral("cli")},
-             {QStringLiteral("arguments"),
-              QJsonArray{QStringLiteral("list"), QStringLiteral("--names")}}});
-        return reply ? reply->value(QStringLiteral("out")).toString()
-                     : QStringLiteral("<no answer>");
+        return InstanceChannel::ask({{QStringLiteral("command"), QStringLiteral("hello")}}, 2000)
+                   .kind == InstanceChannel::Answer::Kind::Answered;
+    }
+
+    static QJsonObject askApp(const QStringList& arguments)
+    {
+        return InstanceChannel::ask(
+                   {{QStringLiteral("command"), QStringLiteral("cli")},
+                    {QStringLiteral("arguments"), QJsonArray::fromStringList(arguments)}},
+                   20000)
+            .reply;
     }
 
 private slots:
@@ -92,7 +99,7 @@ private slots:
         m_app->start(qEnvironmentVariable("KIVORA_APP"), {});
         QVERIFY(m_app->waitForStarted(5000));
         // Ready once it answers on its socket.
-        QTRY_VERIFY_WITH_TIMEOUT(appList() == QStringLiteral("Work\n"), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(appAnswers(), 20000);
     }
 
     void cleanupTestCase()
@@ -109,17 +116,23 @@ private slots:
                     QStringLiteral("H"), QStringLiteral("--git-email"), QStringLiteral("h@home")});
         QCOMPARE(r.status, 0);
         QCOMPARE(r.out, QStringLiteral("Added profile Home Box.\n"));
-        QCOMPARE(appList(), QStringLiteral("Work\nHome Box\n"));
         QCOMPARE(storedNames(), (QStringList{QStringLiteral("Work"), QStringLiteral("Home Box")}));
 
         // Were the application unaware of "Home Box", its next save would drop it.
         r = kivora({QStringLiteral("remove"), QStringLiteral("work")});
         QCOMPARE(r.status, 0);
         QCOMPARE(storedNames(), QStringList{QStringLiteral("Home Box")});
-        QCOMPARE(appList(), QStringLiteral("Home Box\n"));
 
-        r = kivora({QStringLiteral("use"), QStringLiteral("home")});
-        QCOMPARE(r.status, 0);
+        // The switch is the application's work: this command line finds no git on its PATH,
+        // and could not have set the identity itself.
+        QProcess process;
+        QProcessEnvironment env = m_x->environment();
+        env.insert(QStringLiteral("PATH"), m_home->filePath(QStringLiteral("no-programs")));
+        process.setProcessEnvironment(env);
+        process.start(qEnvironmentVariable("KIVORA_CLI"),
+                      {QStringLiteral("use"), QStringLiteral("home")});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 0);
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("h@home"));
         QCOMPARE(stored()->activeProfileID, std::optional<QUuid>(stored()->profiles.first().id));
     }
@@ -147,8 +160,60 @@ private slots:
                       {QStringLiteral("import"), QStringLiteral("export.json")});
         QVERIFY(process.waitForFinished(60000));
         QCOMPARE(process.exitCode(), 0);
-        QCOMPARE(appList(), QStringLiteral("Home Box\nHome Box\n"));
+        QCOMPARE(storedNames(),
+                 (QStringList{QStringLiteral("Home Box"), QStringLiteral("Home Box")}));
         QCOMPARE(m_app->state(), QProcess::Running);
+    }
+
+    // A command line that cannot reach the application (another session's runtime folder)
+    // writes the file itself; the application's next change builds on it instead of
+    // overwriting it with its older list.
+    void changesMadeBesideTheApplicationAreKept()
+    {
+        const QStringList before = storedNames();
+        QTemporaryDir elsewhere;
+        QVERIFY(QFile::setPermissions(elsewhere.path(), QFileDevice::Permissions(0x7000)));
+        QProcess beside;
+        QProcessEnvironment env = m_x->environment();
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), elsewhere.path());
+        beside.setProcessEnvironment(env);
+        beside.start(qEnvironmentVariable("KIVORA_CLI"),
+                     {QStringLiteral("add"), QStringLiteral("beside"), QStringLiteral("--git-name"),
+                      QStringLiteral("B"), QStringLiteral("--git-email"), QStringLiteral("b@x")});
+        QVERIFY(beside.waitForFinished(60000));
+        QCOMPARE(beside.exitCode(), 0);
+        const QStringList beside1 = before + QStringList{QStringLiteral("Beside")};
+        QCOMPARE(storedNames(), beside1);
+
+        const Result r =
+            kivora({QStringLiteral("add"), QStringLiteral("through"), QStringLiteral("--git-name"),
+                    QStringLiteral("T"), QStringLiteral("--git-email"), QStringLiteral("t@x")});
+        QCOMPARE(r.status, 0);
+        const QStringList both = beside1 + QStringList{QStringLiteral("Through")};
+        QCOMPARE(storedNames(), both);
+    }
+
+    // The socket takes only what changes profiles: a listing or an export (API keys and all)
+    // is never handed out through it, even when asked for directly.
+    void readingCommandsAreNotTaken()
+    {
+        const QString file = m_home->filePath(QStringLiteral("through-the-socket.json"));
+        for (const QStringList& arguments :
+             {QStringList{QStringLiteral("list")}, QStringList{QStringLiteral("export"), file},
+              QStringList{QStringLiteral("current"), QStringLiteral("--json")}}) {
+            const QJsonObject reply = askApp(arguments);
+            QCOMPARE(reply.value(QStringLiteral("ok")).toBool(true), false);
+            QVERIFY(!reply.contains(QStringLiteral("out")));
+        }
+        QVERIFY(!QFileInfo::exists(file));
+
+        // The socket is the user's alone, in a folder only they may enter.
+        const QString socket = InstanceChannel::socketPath();
+        struct stat info {};
+        QVERIFY2(::stat(QFile::encodeName(socket).constData(), &info) == 0, qPrintable(socket));
+        QVERIFY(S_ISSOCK(info.st_mode));
+        QCOMPARE(info.st_mode & 07777, mode_t(0600));
+        QVERIFY(!socket.startsWith(QLatin1String("/tmp/kivora")));
     }
 };
 

@@ -83,6 +83,23 @@ bool ProfilesFixture::homeFileExists(const QString& relative) const
     return QFileInfo::exists(homeFile(relative));
 }
 
+bool ProfilesFixture::replaceFolderWithFile(const QString& relative) const
+{
+    return removeHomeFolder(relative) && writeHomeFile(relative, QStringLiteral("not a folder\n"));
+}
+
+bool ProfilesFixture::replaceFileWithFolder(const QString& relative) const
+{
+    if (relative.isEmpty() || relative.contains(QLatin1String(".."))) {
+        return false;
+    }
+    const QString path = homeFile(relative);
+    if (QFileInfo(path).isFile() && !QFile::remove(path)) {
+        return false;
+    }
+    return QDir().mkpath(path);
+}
+
 bool ProfilesFixture::removeHomeFolder(const QString& relative) const
 {
     if (relative.isEmpty() || relative.contains(QLatin1String(".."))) {

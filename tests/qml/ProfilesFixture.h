@@ -32,6 +32,10 @@ public:
     Q_INVOKABLE bool homeFileExists(const QString& relative) const;
     Q_INVOKABLE bool removeHomeFolder(const QString& relative) const;
     Q_INVOKABLE bool makeHomeFolder(const QString& relative) const;
+    // Puts a plain file where the folder was (its content gone), or the reverse: an empty
+    // folder where the file was.
+    Q_INVOKABLE bool replaceFolderWithFile(const QString& relative) const;
+    Q_INVOKABLE bool replaceFileWithFolder(const QString& relative) const;
     // A named pipe (FIFO) that nobody writes to: reading it would wait for ever.
     Q_INVOKABLE bool makeHomeFifo(const QString& relative) const;
     Q_INVOKABLE QString homePath() const;

@@ -177,7 +177,12 @@ Item {
             const form = openForm(editor)
             typeInto(findChild(form, "keyFilenameField"), "taken")
             generate(form)
-            verify(!editor.form.showGenerateKeySheet)
+            // The form stays open and says why no key was made.
+            verify(editor.form.showGenerateKeySheet)
+            const error = findChild(form, "generateError")
+            verify(error.visible)
+            compare(error.text, "The key could not be generated: " + ProfilesFixture.homePath()
+                    + "/.ssh/taken already exists.")
             compare(ProfilesFixture.homeFileText(".ssh/taken"), "private\n")
             compare(ProfilesFixture.homeFileText(".ssh/taken.pub"), "ssh-ed25519 AAAA old\n")
             compare(editor.form.sshKeyPath, "~/.ssh/other")
@@ -185,14 +190,27 @@ Item {
             wait(900)
             verify(!editor.form.showCopyKeySheet)
             compare(ProfilesFixture.clipboardText(), "before")
+            // What was typed stays, to be corrected; the next attempt uses what is shown.
+            compare(editor.form.keyFilename, "taken")
+            typeInto(findChild(form, "keyFilenameField"), "untaken")
+            generate(form)
+            verify(!editor.form.showGenerateKeySheet)
+            compare(editor.form.sshKeyPath, "~/.ssh/untaken")
+            verify(ProfilesFixture.homeFileExists(".ssh/untaken.pub"))
         }
 
         function test_missingFolderIsNotCreated() {
             ProfilesFixture.removeHomeFolder(".ssh")
             const editor = makeEditor("ada@example.com")
-            generate(openForm(editor))
+            const form = openForm(editor)
+            generate(form)
             verify(!ProfilesFixture.homeFileExists(".ssh"))
             compare(editor.form.sshKeyPath, "")
+            // ssh-keygen's own reason is shown in the form.
+            const error = findChild(form, "generateError")
+            verify(error.visible)
+            verify(error.text.startsWith("The key could not be generated: "), error.text)
+            verify(error.text.indexOf("No such file or directory") >= 0, error.text)
         }
 
         function test_formIsResetAfterAnAttempt() {

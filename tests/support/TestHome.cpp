@@ -22,6 +22,8 @@ TestHome::TestHome()
     setEnv("GIT_CONFIG_GLOBAL", std::nullopt);
     setEnv("GIT_CONFIG_SYSTEM", std::nullopt);
     setEnv("GIT_CONFIG_NOSYSTEM", QByteArrayLiteral("1"));
+    // The application's socket then lives in this home folder too (~/.kivora/run).
+    setEnv("XDG_RUNTIME_DIR", std::nullopt);
     for (const char* name : {"GIT_AUTHOR_NAME", "GIT_AUTHOR_EMAIL", "GIT_COMMITTER_NAME",
                              "GIT_COMMITTER_EMAIL", "GIT_SSH_COMMAND", "OPENAI_API_KEY",
                              "ANTHROPIC_API_KEY", "GOOGLE_AI_API_KEY", "OLLAMA_BASE_URL"}) {

@@ -222,12 +222,18 @@ private slots:
     void aProfileFileThatCannotBeWrittenIsSaid()
     {
         const auto editor = editorFor(work());
-        connect(editor.get(), &ProfileEditor::saved, m_manager,
-                [this](const GitProfile& p) { m_manager->updateProfile(p); });
+        // As the profiles page does: the sentence of a failed save goes back to the editor.
+        ProfileEditor* target = editor.get();
+        connect(target, &ProfileEditor::saved, m_manager, [this, target](const GitProfile& p) {
+            QString why;
+            const bool stored = m_manager->updateProfile(p, &why) == ProfileManager::Update::Saved;
+            target->setSaveError(stored ? QString() : why);
+        });
         QVERIFY(QDir(m_home->filePath(QStringLiteral(".git-switcher"))).removeRecursively());
         m_home->write(QStringLiteral(".git-switcher"), "not a folder");
         QCOMPARE(editor->save(), ProfileEditor::NotWritten);
-        QVERIFY(editor->saveError().contains(QStringLiteral("could not be saved")));
+        QVERIFY2(editor->saveError().contains(QStringLiteral("could not be saved")),
+                 qPrintable(editor->saveError()));
         // Once the file can be written again, Save goes on from where it stopped.
         QVERIFY(QFile::remove(m_home->filePath(QStringLiteral(".git-switcher"))));
         QVERIFY(QDir().mkpath(m_home->filePath(QStringLiteral(".git-switcher"))));

@@ -84,7 +84,7 @@ private slots:
         QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
         GitProfile home = m_manager->profiles().at(1);
         home.gitEmail = QStringLiteral("new@example.com");
-        QVERIFY(m_manager->updateProfile(home));
+        QCOMPARE(m_manager->updateProfile(home), ProfileManager::Update::Saved);
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.first().at(0).toModelIndex().row(), 1);
         QCOMPARE(changed.first().at(1).toModelIndex().row(), 1);
