@@ -23,11 +23,10 @@ Item {
         name: "GenerateKeySheet"
         when: windowShown
 
-        Component {
-            id: editorComponent
-            ProfileEditorSheet {
-                anchors.fill: parent
-            }
+        ProfileEditorDriver {
+            id: driver
+            testCase: testCase
+            stage: stage
         }
 
         function init() {
@@ -37,19 +36,9 @@ Item {
         }
 
         function makeEditor(gitEmail) {
-            const editor = createTemporaryObject(editorComponent, stage,
-                                                 { profile: actions.profileTemplate() })
+            const editor = driver.makeEditor(actions.profileTemplate())
             editor.form.gitEmail = gitEmail
             return editor
-        }
-
-        function typeInto(item, text) {
-            item.forceActiveFocus()
-            item.selectAll()
-            keyClick(Qt.Key_Delete)
-            for (const character of text) {
-                keyClick(character)
-            }
         }
 
         // Opens the generation form from the editor's "Generate" button.
@@ -134,9 +123,9 @@ Item {
         function test_passphraseEncryptsTheKey() {
             const editor = makeEditor("ada@example.com")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "locked")
+            driver.typeInto(findChild(form, "keyFilenameField"), "locked")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "open sesame")
+            driver.typeInto(findChild(form, "passphraseField"), "open sesame")
             compare(editor.form.keyFilename, "locked")
             compare(editor.form.usePassphrase, true)
             compare(editor.form.passphrase, "open sesame")
@@ -152,7 +141,7 @@ Item {
         function test_emptyPassphraseIsNoPassphrase() {
             const editor = makeEditor("ada@example.com")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "open")
+            driver.typeInto(findChild(form, "keyFilenameField"), "open")
             mouseClick(findChild(form, "passphraseSwitch"))
             generate(form)
             compare(editor.form.sshKeyPath, "~/.ssh/open")
@@ -163,7 +152,7 @@ Item {
         function test_emptyEmailGivesThePlaceholderComment() {
             const editor = makeEditor("")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "anonymous")
+            driver.typeInto(findChild(form, "keyFilenameField"), "anonymous")
             generate(form)
             const comment = publicKeyComment("anonymous")
             verify(comment.endsWith("@example.com"), comment)
@@ -175,7 +164,7 @@ Item {
             const editor = makeEditor("ada@example.com")
             editor.form.sshKeyPath = "~/.ssh/other"
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "taken")
+            driver.typeInto(findChild(form, "keyFilenameField"), "taken")
             generate(form)
             // The form stays open and says why no key was made.
             verify(editor.form.showGenerateKeySheet)
@@ -192,7 +181,7 @@ Item {
             compare(ProfilesFixture.clipboardText(), "before")
             // What was typed stays, to be corrected; the next attempt uses what is shown.
             compare(editor.form.keyFilename, "taken")
-            typeInto(findChild(form, "keyFilenameField"), "untaken")
+            driver.typeInto(findChild(form, "keyFilenameField"), "untaken")
             generate(form)
             verify(!editor.form.showGenerateKeySheet)
             compare(editor.form.sshKeyPath, "~/.ssh/untaken")
@@ -216,9 +205,9 @@ Item {
         function test_formIsResetAfterAnAttempt() {
             const editor = makeEditor("ada@example.com")
             let form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "fresh")
+            driver.typeInto(findChild(form, "keyFilenameField"), "fresh")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "pw")
+            driver.typeInto(findChild(form, "passphraseField"), "pw")
             generate(form)
             compare(editor.form.keyFilename, "")
             compare(editor.form.usePassphrase, false)
@@ -235,9 +224,9 @@ Item {
         function test_cancelKeepsWhatWasTyped() {
             const editor = makeEditor("ada@example.com")
             let form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "later")
+            driver.typeInto(findChild(form, "keyFilenameField"), "later")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "pw")
+            driver.typeInto(findChild(form, "passphraseField"), "pw")
             mouseClick(findChild(form, "cancelButton"))
             verify(!editor.form.showGenerateKeySheet)
             verify(!ProfilesFixture.homeFileExists(".ssh/later"))
