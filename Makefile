@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # make run    installs what is missing, builds and starts Kivora
 # make test   installs what is missing, builds and runs every test (also under sanitizers)
 # make bench  builds and prints the benchmark figures

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 
 #include "activation/RuleSync.h"
@@ -9,6 +12,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -19,21 +23,19 @@ QString resolvedHome(const QString& home)
 
 } // namespace
 
-ProfileManager::ProfileManager(QObject* parent) : ProfileManager(Options{}, parent) {}
+ProfileManager::ProfileManager(AIContextManager& aiContext, QObject* parent)
+    : ProfileManager(aiContext, Options{}, parent)
+{
+}
 
-ProfileManager::ProfileManager(Options options, QObject* parent)
+ProfileManager::ProfileManager(AIContextManager& aiContext, Options options, QObject* parent)
     : QObject(parent), m_home(resolvedHome(options.home)), m_runner(options.programs),
       m_shell(m_home, m_runner), m_store(m_home), m_lock(m_store.folder()),
       m_lockTimeoutMs(options.lockTimeoutMs), m_signingStore(m_home),
-      m_signing(m_home, options.programs), m_aiContext(options.aiContext),
+      m_signing(m_home, options.programs), m_aiContext(aiContext),
       m_restoreAIContext(options.restoreAIContext), m_readGlobalIdentity(options.readGlobalIdentity)
 {
     start();
-}
-
-AIContextManager& ProfileManager::aiContext() const
-{
-    return m_aiContext ? *m_aiContext : AIContextManager::shared();
 }
 
 void ProfileManager::start()
@@ -88,7 +90,7 @@ void ProfileManager::restoreAIContext()
     }
     if (profile->aiConfig.isEnabled && profile->aiConfig.isConfigured()) {
         m_shell.ensureAIEnvFile(*profile);
-        aiContext().applyAIContext(*profile);
+        m_aiContext.applyAIContext(*profile);
     }
 }
 
@@ -137,9 +139,93 @@ void ProfileManager::setProfiles(const QList<GitProfile>& profiles)
     if (m_profiles == profiles) {
         return;
     }
-    m_profiles = profiles;
+    const QList<GitProfile> before = std::exchange(m_profiles, profiles);
     m_inSync = false;
+    announceChanges(before);
     emit profilesChanged();
+}
+
+namespace {
+
+// Which rows of `longer` are not in `shorter`, when `shorter` is `longer` with some rows left
+// out (in order); none otherwise.
+std::optional<QList<int>> leftOut(const QList<GitProfile>& longer, const QList<GitProfile>& shorter)
+{
+    QList<int> rows;
+    qsizetype next = 0;
+    for (int row = 0; row < longer.size(); ++row) {
+        if (next < shorter.size() && longer.at(row) == shorter.at(next)) {
+            ++next;
+        } else {
+            rows << row;
+        }
+    }
+    return next == shorter.size() ? std::optional<QList<int>>(rows) : std::nullopt;
+}
+
+} // namespace
+
+void ProfileManager::announceChanges(const QList<GitProfile>& before)
+{
+    // Rows only added, only taken away, changed in place, or one row moved: each announced
+    // for its row. Anything else is a reset.
+    const qsizetype oldCount = before.size();
+    const qsizetype newCount = m_profiles.size();
+    if (newCount > oldCount) {
+        if (const auto added = leftOut(m_profiles, before)) {
+            // In order, so that every row before an inserted one is already there.
+            for (int row : *added) {
+                emit profileInserted(row);
+            }
+            return;
+        }
+    } else if (newCount < oldCount) {
+        if (const auto removed = leftOut(before, m_profiles)) {
+            // From the back, so that every announced row is the row it was a moment before.
+            for (auto row = removed->crbegin(); row != removed->crend(); ++row) {
+                emit profileRemoved(*row);
+            }
+            return;
+        }
+    } else {
+        qsizetype head = 0;
+        while (head < oldCount && before.at(head) == m_profiles.at(head)) {
+            ++head;
+        }
+        qsizetype last = oldCount - 1;
+        while (last > head && before.at(last) == m_profiles.at(last)) {
+            --last;
+        }
+        const int first = int(head);
+        const int span = int(last - head);
+        if (span > 0 && before.mid(first + 1, span) == m_profiles.mid(first, span) &&
+            before.at(first) == m_profiles.at(last)) {
+            emit profileMoved(first, int(last));
+            return;
+        }
+        if (span > 0 && before.mid(first, span) == m_profiles.mid(first + 1, span) &&
+            before.at(last) == m_profiles.at(first)) {
+            emit profileMoved(int(last), first);
+            return;
+        }
+        for (int row = first; row <= last; ++row) {
+            if (before.at(row) != m_profiles.at(row)) {
+                emit profileUpdated(row);
+            }
+        }
+        return;
+    }
+    emit profilesReset();
+}
+
+int ProfileManager::indexOf(const QUuid& id) const
+{
+    for (int row = 0; row < m_profiles.size(); ++row) {
+        if (m_profiles.at(row).id == id) {
+            return row;
+        }
+    }
+    return -1;
 }
 
 void ProfileManager::setActiveProfileID(const std::optional<QUuid>& id)
@@ -399,7 +485,7 @@ void ProfileManager::activate(const GitProfile& profile,
     if (!m_shell.ensureAIEnvFile(profile, &why)) {
         note(why);
     }
-    aiContext().applyAIContext(profile);
+    m_aiContext.applyAIContext(profile);
 }
 
 std::optional<GitProfile> ProfileManager::addProfile(const QString& name, const QString& gitName,
@@ -428,6 +514,93 @@ std::optional<QList<GitProfile>> ProfileManager::addProfiles(const QList<GitProf
         [&made](QList<GitProfile>& profiles, std::optional<QUuid>&) { profiles.append(made); },
         error);
     return saved ? std::optional<QList<GitProfile>>(made) : std::nullopt;
+}
+
+bool ProfileManager::appendProfile(const GitProfile& profile, QString* error)
+{
+    return change([&profile](QList<GitProfile>& profiles,
+                             std::optional<QUuid>&) { profiles.append(profile); },
+                  error);
+}
+
+ProfileManager::Update ProfileManager::updateProfile(const GitProfile& profile, QString* error)
+{
+    return editProfile(
+        profile.id, [&profile](GitProfile& stored) { stored = profile; }, error);
+}
+
+ProfileManager::Update ProfileManager::editProfile(const QUuid& id,
+                                                   const std::function<void(GitProfile&)>& edit,
+                                                   QString* error, GitProfile* edited)
+{
+    bool found = false;
+    const bool saved = change(
+        [&](QList<GitProfile>& profiles, std::optional<QUuid>&) {
+            for (GitProfile& existing : profiles) {
+                if (existing.id == id) {
+                    edit(existing);
+                    if (edited) {
+                        *edited = existing;
+                    }
+                    found = true;
+                    return;
+                }
+            }
+        },
+        error);
+    if (!saved) {
+        return Update::Failed;
+    }
+    if (!found) {
+        return Update::Gone;
+    }
+    // Repositories its rules reach take the edited identity at once.
+    RuleSync(m_home).refresh(m_profiles);
+    return Update::Saved;
+}
+
+ProfileManager::Removal ProfileManager::removeProfile(const GitProfile& profile, bool deleteSSHKey,
+                                                      bool forgetActive)
+{
+    Removal removal;
+    removal.saved = change(
+        [&profile, forgetActive](QList<GitProfile>& profiles, std::optional<QUuid>& active) {
+            profiles.removeIf([&profile](const GitProfile& p) { return p.id == profile.id; });
+            if (forgetActive && active == profile.id) {
+                active.reset();
+            }
+        },
+        &removal.error);
+    if (!removal.saved) {
+        // The key files stay with the profile that names them.
+        return removal;
+    }
+    if (deleteSSHKey && profile.hasKey()) {
+        const auto outcome = KeyFileRemoval::removeKeyPair(m_home, profile.sshKeyPath);
+        removal.removedKeyFiles = outcome.removed;
+        removal.refusedKeyFiles = outcome.refused;
+    }
+    // Its rules and generated git configuration go with it.
+    RuleSync(m_home).refresh(m_profiles);
+    return removal;
+}
+
+bool ProfileManager::moveProfile(int from, int to, QString* error)
+{
+    const int count = int(m_profiles.size());
+    if (from < 0 || from >= count || to < 0 || to >= count) {
+        return false;
+    }
+    const GitProfile moved = m_profiles.at(from);
+    return change(
+        [&moved, to](QList<GitProfile>& profiles, std::optional<QUuid>&) {
+            // Found again: another writer may have changed the list since.
+            const qsizetype at = profiles.indexOf(moved);
+            if (at >= 0 && to < profiles.size()) {
+                profiles.move(at, to);
+            }
+        },
+        error);
 }
 
 bool ProfileManager::setSigning(const QUuid& id, const std::optional<SigningSettings>& settings,

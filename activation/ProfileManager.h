@@ -1,7 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/CommandRunner.h"
 #include "activation/CommitSigning.h"
+#include "activation/KeyFileRemoval.h"
 #include "activation/ShellIntegration.h"
 #include "activation/SigningStore.h"
 #include "model/GitProfile.h"
@@ -23,9 +27,14 @@ class AIContextManager;
 // write that file too, so every change is made under the profile lock on what the file holds
 // at that moment: the list is read again first, taking over what others saved, the change is
 // applied to it and the result saved. A stale list never overwrites a newer file.
+//
+// Every change of the list is announced row by row where it can be: a profile inserted,
+// updated, removed or moved has its own signal for its row, after the change, so that a list
+// model can insert and remove rows instead of starting again; `profilesReset` announces a
+// list that changed in more ways at once. `profilesChanged` follows every change.
 class ProfileManager : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QList<GitProfile> profiles READ profiles WRITE setProfiles NOTIFY profilesChanged)
+    Q_PROPERTY(QList<GitProfile> profiles READ profiles NOTIFY profilesChanged)
     Q_PROPERTY(QString activeProfileID READ activeProfileIDText NOTIFY activeProfileIDChanged)
     Q_PROPERTY(QString globalGitName READ globalGitName NOTIFY globalGitNameChanged)
     Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
@@ -34,9 +43,8 @@ class ProfileManager : public QObject {
 
 public:
     struct Options {
-        QString home;                          // empty: the user's home folder
-        CommandRunner::Programs programs;      // the programs an activation starts
-        AIContextManager* aiContext = nullptr; // null: the process's shared instance
+        QString home;                     // empty: the user's home folder
+        CommandRunner::Programs programs; // the programs an activation starts
         // At application start the saved profile's AI settings are put back into the
         // environment. A one-shot command that only reads leaves that alone.
         bool restoreAIContext = true;
@@ -46,12 +54,15 @@ public:
         int lockTimeoutMs = ProfileLock::defaultTimeoutMs;
     };
 
-    explicit ProfileManager(QObject* parent = nullptr);
-    explicit ProfileManager(Options options, QObject* parent = nullptr);
+    // `aiContext` is where activations put the AI configuration; it must outlive the manager.
+    explicit ProfileManager(AIContextManager& aiContext, QObject* parent = nullptr);
+    ProfileManager(AIContextManager& aiContext, Options options, QObject* parent = nullptr);
 
     const QList<GitProfile>& profiles() const { return m_profiles; }
     // Changes the list in memory only; save() writes it.
     void setProfiles(const QList<GitProfile>& profiles);
+    // The row of the first profile with this id, or -1.
+    int indexOf(const QUuid& id) const;
 
     const std::optional<QUuid>& activeProfileID() const { return m_activeProfileID; }
     void setActiveProfileID(const std::optional<QUuid>& id);
@@ -109,6 +120,35 @@ public:
     // The same for several at once, in order, with one save: all or none are added.
     std::optional<QList<GitProfile>> addProfiles(const QList<GitProfile>& sources,
                                                  QString* error = nullptr);
+    // Appends the profile as it is, keeping its id. False when it could not be saved.
+    bool appendProfile(const GitProfile& profile, QString* error = nullptr);
+
+    enum class Update { Saved, Gone, Failed };
+    // Replaces the first profile with the same id, in place; repositories its rules reach take
+    // the edited identity at once. Gone, and nothing saved, when there is none.
+    Update updateProfile(const GitProfile& profile, QString* error = nullptr);
+    // The same, with the change given as an edit of the stored profile: fields another process
+    // changed meanwhile and `edit` leaves alone are kept. `edited` receives the result.
+    Update editProfile(const QUuid& id, const std::function<void(GitProfile&)>& edit,
+                       QString* error = nullptr, GitProfile* edited = nullptr);
+
+    struct Removal {
+        bool saved = false;
+        QString error; // why the profile file could not be written
+        QStringList removedKeyFiles;
+        QStringList refusedKeyFiles; // one sentence for each key file that was kept
+    };
+    // Removes every profile with this profile's id and, with `forgetActive`, forgets it as the
+    // active one; git and the shell files are left as they are. With `deleteSSHKey` the key
+    // file and the ".pub" beside it are removed too, each on its own and only when it is a
+    // regular file inside ~/.ssh (see KeyFileRemoval). The rules of the removed profile go
+    // with it. When the profile file cannot be written the profile stays, and so do its key
+    // files.
+    Removal removeProfile(const GitProfile& profile, bool deleteSSHKey = false,
+                          bool forgetActive = true);
+    // Moves the profile at row `from` to row `to` and saves. False for a row out of range or
+    // when it could not be saved.
+    bool moveProfile(int from, int to, QString* error = nullptr);
     Q_INVOKABLE void openTerminal(const GitProfile& profile);
 
     // "id_rsa_Work" → "Rsa_work", "work laptop" → "Work Laptop".
@@ -123,6 +163,11 @@ public:
 
 signals:
     void profilesChanged();
+    void profileInserted(int row);
+    void profileUpdated(int row);
+    void profileRemoved(int row);
+    void profileMoved(int from, int to);
+    void profilesReset();
     void activeProfileIDChanged();
     void globalGitNameChanged();
     void globalGitEmailChanged();
@@ -147,7 +192,8 @@ private:
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
     void setGlobalGitEmail(const QString& email);
-    AIContextManager& aiContext() const;
+    // Announces how the list changed from `before` to what it is now.
+    void announceChanges(const QList<GitProfile>& before);
 
     QString m_home;
     CommandRunner m_runner;
@@ -163,7 +209,7 @@ private:
     QByteArray m_knownBytes;
     SigningStore m_signingStore;
     CommitSigning m_signing;
-    AIContextManager* m_aiContext;
+    AIContextManager& m_aiContext;
     bool m_restoreAIContext;
     bool m_readGlobalIdentity;
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ShellIntegration.h"
 
 #include "activation/ShellQuote.h"
@@ -71,34 +74,32 @@ QByteArray ShellIntegration::aiEnvText(const GitProfile& profile, const QDateTim
     const AIConfig& config = profile.aiConfig;
     if (!config.isEnabled || !config.isConfigured()) {
         return (QStringLiteral("# No AI configuration for profile: ") + commentText(profile.name) +
-                QStringLiteral("\nunset OPENAI_API_KEY ANTHROPIC_API_KEY GOOGLE_AI_API_KEY "
-                               "AZURE_OPENAI_API_KEY OLLAMA_BASE_URL 2>/dev/null\n"))
+                QStringLiteral("\nunset ") + AIProviders::shellVariables().join(u' ') +
+                QStringLiteral(" 2>/dev/null\n"))
             .toUtf8();
     }
 
-    const QString key = singleQuoted(config.apiKey);
+    const AIProviderFacts& facts = AIProviders::facts(config.provider);
     const QString base = singleQuoted(config.baseURL);
     QString text;
-    switch (config.provider) {
-    case AIProvider::OpenAI:
-        text += exportLine("OPENAI_API_KEY", key);
+    if (facts.keyVariable) {
+        text += exportLine(facts.keyVariable, singleQuoted(config.apiKey));
+    }
+    using AddressExport = AIProviderFacts::AddressExport;
+    switch (facts.addressExport) {
+    case AddressExport::None:
+        break;
+    case AddressExport::WhenSet:
         if (!base.isEmpty()) {
-            text += exportLine("OPENAI_BASE_URL", base);
+            text += exportLine(facts.addressVariable, base);
         }
         break;
-    case AIProvider::Anthropic:
-        text += exportLine("ANTHROPIC_API_KEY", key);
+    case AddressExport::Always:
+        text += exportLine(facts.addressVariable, base);
         break;
-    case AIProvider::Google:
-        text += exportLine("GOOGLE_AI_API_KEY", key);
-        break;
-    case AIProvider::AzureOpenAI:
-        text += exportLine("AZURE_OPENAI_API_KEY", key);
-        text += exportLine("AZURE_OPENAI_ENDPOINT", base);
-        break;
-    case AIProvider::Local:
-        text += exportLine("OLLAMA_BASE_URL",
-                           base.isEmpty() ? QStringLiteral("http://localhost:11434") : base);
+    case AddressExport::WithDefault:
+        text += exportLine(facts.addressVariable,
+                           base.isEmpty() ? QString::fromUtf8(facts.defaultBase) : base);
         break;
     }
     text +=

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ai/AIConnectionTester.h"
 
 #include <QNetworkAccessManager>
@@ -85,7 +88,7 @@ QString transferErrorMessage(const QNetworkReply& reply)
 
 // The verdict on a finished reply, or none when there is nothing to judge: a reply that
 // carries neither an HTTP status nor an error (a `file:` address that could be read).
-std::optional<Verdict> judge(const QNetworkReply& reply, bool local, const QString& successMessage)
+std::optional<Verdict> judge(const QNetworkReply& reply, const AIProviderFacts& facts)
 {
     const QVariant statusAttribute = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const int status = statusAttribute.isValid() ? statusAttribute.toInt() : 0;
@@ -98,9 +101,9 @@ std::optional<Verdict> judge(const QNetworkReply& reply, bool local, const QStri
         return std::nullopt;
     }
     if (status == 200) {
-        return Verdict{true, successMessage};
+        return Verdict{true, QString::fromUtf8(facts.successMessage)};
     }
-    if (local) {
+    if (facts.localServer) {
         return Verdict{false, AIConnectionTester::localFailureMessage()};
     }
     if (status == 401) {
@@ -114,14 +117,17 @@ std::optional<Verdict> judge(const QNetworkReply& reply, bool local, const QStri
 AIConnectionTester::AIConnectionTester(QObject* parent) : AIConnectionTester(Options{}, parent) {}
 
 AIConnectionTester::AIConnectionTester(Options options, QObject* parent)
-    : QObject(parent), m_network(options.network),
-      m_openAIBase(resolveBase(options.openAIBase, openAIBaseVariable, defaultOpenAIBase)),
-      m_anthropicBase(
-          resolveBase(options.anthropicBase, anthropicBaseVariable, defaultAnthropicBase)),
-      m_googleBase(resolveBase(options.googleBase, googleBaseVariable, defaultGoogleBase)),
-      m_localBase(resolveBase(options.localBase, nullptr, defaultLocalBase)),
-      m_transferTimeout(options.transferTimeout)
+    : QObject(parent), m_network(options.network), m_transferTimeout(options.transferTimeout)
 {
+    const QList<std::pair<AIProvider, std::optional<QString>>> given{
+        {AIProvider::OpenAI, options.openAIBase},
+        {AIProvider::Anthropic, options.anthropicBase},
+        {AIProvider::Google, options.googleBase},
+        {AIProvider::Local, options.localBase}};
+    for (const auto& [provider, base] : given) {
+        const AIProviderFacts& facts = AIProviders::facts(provider);
+        m_bases.insert(provider, resolveBase(base, facts.baseOverrideVariable, facts.defaultBase));
+    }
 }
 
 AIConnectionTester::~AIConnectionTester() = default;
@@ -148,105 +154,87 @@ void AIConnectionTester::testConnection(const AIConfig& config, Completion compl
         deliver(completion, false, notConfiguredMessage());
         return;
     }
-    switch (config.provider) {
-    case AIProvider::OpenAI:
-        testOpenAI(config, std::move(completion));
-        return;
-    case AIProvider::Anthropic:
-        testAnthropic(config, std::move(completion));
-        return;
-    case AIProvider::Google:
-        testGoogle(config, std::move(completion));
-        return;
-    case AIProvider::AzureOpenAI:
-        testAzure(config, std::move(completion));
-        return;
-    case AIProvider::Local:
-        testLocal(config, std::move(completion));
-        return;
-    }
+    test(config.provider, config, std::move(completion));
 }
 
 void AIConnectionTester::testOpenAI(const AIConfig& config, Completion completion)
 {
-    // A base URL is used exactly as typed: one ending in "/" gives "//v1/models".
-    const QString base = config.baseURL.isEmpty() ? m_openAIBase : config.baseURL;
-    sendCloud(base + QStringLiteral("/v1/models"),
-              {{"Authorization", "Bearer " + config.apiKey.toUtf8()}},
-              QStringLiteral("Connected to OpenAI successfully"), std::move(completion));
+    test(AIProvider::OpenAI, config, std::move(completion));
 }
 
 void AIConnectionTester::testAnthropic(const AIConfig& config, Completion completion)
 {
-    sendCloud(m_anthropicBase + QStringLiteral("/v1/models"),
-              {{"x-api-key", config.apiKey.toUtf8()}, {"anthropic-version", "2023-06-01"}},
-              QStringLiteral("Connected to Anthropic successfully"), std::move(completion));
+    test(AIProvider::Anthropic, config, std::move(completion));
 }
 
 void AIConnectionTester::testGoogle(const AIConfig& config, Completion completion)
 {
-    sendCloud(m_googleBase + QStringLiteral("/v1/models"),
-              {{"Authorization", "Bearer " + config.apiKey.toUtf8()}},
-              QStringLiteral("Connected to Google AI successfully"), std::move(completion));
+    test(AIProvider::Google, config, std::move(completion));
 }
 
 void AIConnectionTester::testAzure(const AIConfig& config, Completion completion)
 {
-    if (config.baseURL.isEmpty()) {
-        deliver(completion, false, azureEndpointMissingMessage());
-        return;
-    }
-    sendCloud(config.baseURL + QStringLiteral("/openai/models?api-version=2024-03-01-preview"),
-              {{"api-key", config.apiKey.toUtf8()}},
-              QStringLiteral("Connected to Azure OpenAI successfully"), std::move(completion));
+    test(AIProvider::AzureOpenAI, config, std::move(completion));
 }
 
 void AIConnectionTester::testLocal(const AIConfig& config, Completion completion)
 {
-    const QString base = config.baseURL.isEmpty() ? m_localBase : config.baseURL;
-    sendLocal(base + QStringLiteral("/api/tags"), std::move(completion));
+    test(AIProvider::Local, config, std::move(completion));
 }
 
-void AIConnectionTester::sendCloud(const QString& address, const Headers& headers,
-                                   const QString& successMessage, Completion completion)
+void AIConnectionTester::test(AIProvider provider, const AIConfig& config, Completion completion)
 {
+    const AIProviderFacts& facts = AIProviders::facts(provider);
+    // A base URL is used exactly as typed: one ending in "/" gives "//v1/models".
+    const QString base = facts.baseURLReplacesHost && !config.baseURL.isEmpty()
+                             ? config.baseURL
+                             : this->base(provider);
+    if (base.isEmpty() && !facts.defaultBase) {
+        // A provider with no host of its own (Azure OpenAI) needs the profile's endpoint.
+        deliver(completion, false, azureEndpointMissingMessage());
+        return;
+    }
+    const QString address = base + QString::fromUtf8(facts.modelsPath);
     if (!isValidAddress(address)) {
         deliver(completion, false, invalidUrlMessage());
         return;
     }
     QNetworkRequest request(requestUrl(address));
-    request.setTransferTimeout(static_cast<int>(m_transferTimeout.count()));
-    // The key travels in a header: a redirect to another host must not carry it along.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::SameOriginRedirectPolicy);
-    for (const auto& [name, value] : headers) {
-        request.setRawHeader(name, value);
+    if (!facts.localServer) {
+        // A local server gets the bare address: no headers of ours and the manager's default
+        // time-out.
+        request.setTransferTimeout(static_cast<int>(m_transferTimeout.count()));
+        // The key travels in a header: a redirect to another host must not carry it along.
+        request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                             QNetworkRequest::SameOriginRedirectPolicy);
     }
-    watch(network().get(request), Judging::Cloud, successMessage, std::move(completion));
+    const QByteArray key = config.apiKey.toUtf8();
+    switch (facts.keyHeader) {
+    case AIProviderFacts::KeyHeader::Bearer:
+        request.setRawHeader("Authorization", "Bearer " + key);
+        break;
+    case AIProviderFacts::KeyHeader::XApiKey:
+        request.setRawHeader("x-api-key", key);
+        request.setRawHeader("anthropic-version", "2023-06-01");
+        break;
+    case AIProviderFacts::KeyHeader::ApiKey:
+        request.setRawHeader("api-key", key);
+        break;
+    case AIProviderFacts::KeyHeader::None:
+        break;
+    }
+    watch(network().get(request), facts, std::move(completion));
 }
 
-void AIConnectionTester::sendLocal(const QString& address, Completion completion)
-{
-    if (!isValidAddress(address)) {
-        deliver(completion, false, invalidUrlMessage());
-        return;
-    }
-    // The bare address: no headers of ours and the manager's default time-out.
-    const QNetworkRequest request(requestUrl(address));
-    watch(network().get(request), Judging::Local,
-          QStringLiteral("Connected to local AI server successfully"), std::move(completion));
-}
-
-void AIConnectionTester::watch(QNetworkReply* reply, Judging judging, const QString& successMessage,
+void AIConnectionTester::watch(QNetworkReply* reply, const AIProviderFacts& facts,
                                Completion completion)
 {
     // `finished` is emitted on the manager's thread, so the verdict is judged and delivered
     // there. The body is never read.
     connect(reply, &QNetworkReply::finished, reply, &QObject::deleteLater);
     connect(reply, &QNetworkReply::finished, this,
-            [reply, judging, successMessage, completion = std::move(completion)]() mutable {
-                const auto verdict = judge(*reply, judging == Judging::Local, successMessage);
-                if (verdict) {
+            [reply, &facts, completion = std::move(completion)]() mutable {
+                if (const auto verdict = judge(*reply, facts)) {
                     deliver(completion, verdict->first, verdict->second);
                 }
             });

@@ -1,11 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "model/AIConfig.h"
 
-#include <QByteArray>
-#include <QList>
+#include <QHash>
 #include <QObject>
-#include <QPair>
 #include <QPointer>
 #include <QString>
 
@@ -29,18 +30,25 @@ class AIConnectionTester : public QObject {
 public:
     using Completion = std::function<void(bool success, const QString& message)>;
 
-    // The providers' public API hosts.
-    static inline const char* const defaultOpenAIBase = "https://api.openai.com";
-    static inline const char* const defaultAnthropicBase = "https://api.anthropic.com";
-    static inline const char* const defaultGoogleBase = "https://generativelanguage.googleapis.com";
+    // The providers' public API hosts (AIProviders holds every provider's facts).
+    static constexpr const char* defaultOpenAIBase =
+        AIProviders::facts(AIProvider::OpenAI).defaultBase;
+    static constexpr const char* defaultAnthropicBase =
+        AIProviders::facts(AIProvider::Anthropic).defaultBase;
+    static constexpr const char* defaultGoogleBase =
+        AIProviders::facts(AIProvider::Google).defaultBase;
     // Where a local model server listens when the configuration names no address.
-    static inline const char* const defaultLocalBase = "http://localhost:11434";
+    static constexpr const char* defaultLocalBase =
+        AIProviders::facts(AIProvider::Local).defaultBase;
 
     // Environment variables that point the public hosts elsewhere. They exist so that tests
     // of the built programs can answer in place of a provider; they are not a user setting.
-    static inline const char* const openAIBaseVariable = "KIVORA_OPENAI_API_BASE";
-    static inline const char* const anthropicBaseVariable = "KIVORA_ANTHROPIC_API_BASE";
-    static inline const char* const googleBaseVariable = "KIVORA_GOOGLE_API_BASE";
+    static constexpr const char* openAIBaseVariable =
+        AIProviders::facts(AIProvider::OpenAI).baseOverrideVariable;
+    static constexpr const char* anthropicBaseVariable =
+        AIProviders::facts(AIProvider::Anthropic).baseOverrideVariable;
+    static constexpr const char* googleBaseVariable =
+        AIProviders::facts(AIProvider::Google).baseOverrideVariable;
 
     static constexpr std::chrono::milliseconds defaultTransferTimeout{60000};
 
@@ -81,15 +89,20 @@ public:
     ~AIConnectionTester() override;
 
     // The base addresses in use.
-    QString openAIBase() const { return m_openAIBase; }
-    QString anthropicBase() const { return m_anthropicBase; }
-    QString googleBase() const { return m_googleBase; }
-    QString localBase() const { return m_localBase; }
+    QString openAIBase() const { return base(AIProvider::OpenAI); }
+    QString anthropicBase() const { return base(AIProvider::Anthropic); }
+    QString googleBase() const { return base(AIProvider::Google); }
+    QString localBase() const { return base(AIProvider::Local); }
+    // A provider's own host, or empty for one that has none (Azure OpenAI).
+    QString base(AIProvider provider) const { return m_bases.value(provider); }
 
     // "API key not configured" for a configuration that is not usable, otherwise the test of
     // its provider.
     void testConnection(const AIConfig& config, Completion completion);
 
+    // One provider's request for the configuration's key and address, whatever provider the
+    // configuration names.
+    void test(AIProvider provider, const AIConfig& config, Completion completion);
     void testOpenAI(const AIConfig& config, Completion completion);
     void testAnthropic(const AIConfig& config, Completion completion);
     void testGoogle(const AIConfig& config, Completion completion);
@@ -102,25 +115,12 @@ public:
     static bool isValidAddress(const QString& text);
 
 private:
-    using Headers = QList<QPair<QByteArray, QByteArray>>;
-
-    // How a finished reply is turned into a verdict.
-    enum class Judging { Cloud, Local };
-
-    // A cloud provider's success message goes with the request.
-    void sendCloud(const QString& address, const Headers& headers, const QString& successMessage,
-                   Completion completion);
-    void sendLocal(const QString& address, Completion completion);
-    void watch(QNetworkReply* reply, Judging judging, const QString& successMessage,
-               Completion completion);
+    void watch(QNetworkReply* reply, const AIProviderFacts& facts, Completion completion);
 
     QNetworkAccessManager& network();
 
     // The caller's manager, or one of our own made on first use.
     QPointer<QNetworkAccessManager> m_network;
-    QString m_openAIBase;
-    QString m_anthropicBase;
-    QString m_googleBase;
-    QString m_localBase;
+    QHash<AIProvider, QString> m_bases;
     std::chrono::milliseconds m_transferTimeout;
 };

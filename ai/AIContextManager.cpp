@@ -1,23 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ai/AIContextManager.h"
 
 #include <QByteArray>
 
-namespace {
-
-void setVariable(const char* name, const QString& value)
-{
-    qputenv(name, value.toUtf8());
-}
-
-} // namespace
-
 AIContextManager::AIContextManager(QObject* parent) : QObject(parent) {}
-
-AIContextManager& AIContextManager::shared()
-{
-    static AIContextManager instance;
-    return instance;
-}
 
 void AIContextManager::applyAIContext(const GitProfile& profile)
 {
@@ -30,16 +18,18 @@ void AIContextManager::applyAIContext(const GitProfile& profile)
     setCurrentConfig(config);
     setIsConfigured(true);
 
-    const auto keyFor = [&config](AIProvider provider) {
-        return config.provider == provider ? config.apiKey : QString();
-    };
-    setVariable(openAIEnvKey, keyFor(AIProvider::OpenAI));
-    setVariable(anthropicEnvKey, keyFor(AIProvider::Anthropic));
-    setVariable(googleEnvKey, keyFor(AIProvider::Google));
-    // A local server's address is only ever replaced, never removed, so that an address the
-    // user exported before starting Kivora survives a profile that leaves it empty.
-    if (config.provider == AIProvider::Local && !config.baseURL.isEmpty()) {
-        setVariable("OLLAMA_BASE_URL", config.baseURL);
+    for (AIProvider provider : AIProviders::all()) {
+        const AIProviderFacts& facts = AIProviders::facts(provider);
+        if (facts.keyInProcess) {
+            qputenv(facts.keyVariable,
+                    (provider == config.provider ? config.apiKey : QString()).toUtf8());
+        }
+    }
+    // An address is only ever replaced, never removed, so that one the user exported before
+    // starting Kivora survives a profile that leaves it empty.
+    const AIProviderFacts& chosen = AIProviders::facts(config.provider);
+    if (chosen.addressInProcess && !config.baseURL.isEmpty()) {
+        qputenv(chosen.addressVariable, config.baseURL.toUtf8());
     }
 }
 
@@ -47,10 +37,9 @@ void AIContextManager::clearAIContext()
 {
     setCurrentConfig(std::nullopt);
     setIsConfigured(false);
-    qunsetenv(openAIEnvKey);
-    qunsetenv(anthropicEnvKey);
-    qunsetenv(googleEnvKey);
-    qunsetenv("OLLAMA_BASE_URL");
+    for (const QString& name : AIProviders::processVariables()) {
+        qunsetenv(name.toLatin1().constData());
+    }
 }
 
 void AIContextManager::setCurrentConfig(std::optional<AIConfig> config)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "ai/AIConnectionTester.h"
@@ -16,14 +19,8 @@ class AIContextManager : public QObject {
     Q_PROPERTY(AIConfig currentConfig READ currentConfigOrEmpty NOTIFY currentConfigChanged)
 
 public:
-    static inline const char* const openAIEnvKey = "OPENAI_API_KEY";
-    static inline const char* const anthropicEnvKey = "ANTHROPIC_API_KEY";
-    static inline const char* const googleEnvKey = "GOOGLE_AI_API_KEY";
-
+    // The application makes one and hands it to whatever applies or tests a configuration.
     explicit AIContextManager(QObject* parent = nullptr);
-
-    // The one instance of the process, created on first use.
-    static AIContextManager& shared();
 
     const std::optional<AIConfig>& currentConfig() const { return m_currentConfig; }
     bool hasCurrentConfig() const { return m_currentConfig.has_value(); }
@@ -31,7 +28,8 @@ public:
     bool isConfigured() const { return m_isConfigured; }
 
     // Makes the profile's AI settings current when they are enabled and usable; clears
-    // otherwise. The keys of the providers not chosen are set to empty strings.
+    // otherwise. The keys of the providers not chosen are set to empty strings. Which
+    // variables a provider uses is in AIProviders.
     void applyAIContext(const GitProfile& profile);
 
     // Forgets the configuration and removes the provider variables from the environment.

@@ -1,28 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/KivoraApp.h"
 
 #include "activation/InstanceChannel.h"
 #include "activation/ProfileManager.h"
-#include "app/AppServices.h"
+#include "ai/AIContextManager.h"
 #include "app/ApplicationPalette.h"
+#include "app/AutostartSwitch.h"
+#include "app/Logging.h"
 #include "app/PopoverController.h"
 #include "app/QmlHost.h"
+#include "app/RelativeTime.h"
 #include "app/StartupTrace.h"
 #include "app/SystemColorScheme.h"
+#include "app/SystemFont.h"
 #include "app/TrayIcon.h"
-#include "app/UpdaterForeign.h"
 #include "app/UpdaterPresenter.h"
 #include "app/WindowRegistry.h"
 #include "app/WindowShortcuts.h"
 #include "cli/KivoraCli.h"
+#include "menubar/ProfileListModel.h"
+#include "prefs/PreferencesFile.h"
 #include "prefs/SettingsManager.h"
+#include "settings/AIProviderCatalogue.h"
+#include "settings/ProfileTransfer.h"
+#include "settings/SettingsProgress.h"
+#include "settings/SettingsTab.h"
+#include "settings/profiles/ProfileActions.h"
 #include "updates/Updater.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTextStream>
+
+#include <initializer_list>
 
 int KivoraApp::main(int argc, char** argv)
 {
@@ -78,7 +94,47 @@ void KivoraApp::prepareEnvironment()
     }
 }
 
-KivoraApp::KivoraApp() = default;
+namespace {
+
+ProfileManager::Options managerOptions(const KivoraApp::Options& options)
+{
+    ProfileManager::Options managed;
+    managed.home = options.home;
+    managed.restoreAIContext = options.restoreAIContext;
+    return managed;
+}
+
+} // namespace
+
+KivoraApp::KivoraApp(QObject* parent) : KivoraApp(Options{}, parent) {}
+
+KivoraApp::KivoraApp(const Options& options, QObject* parent)
+    : QObject(parent),
+      m_settings(std::make_unique<SettingsManager>(
+          options.preferencesPath.isEmpty() ? PreferencesFile::path() : options.preferencesPath)),
+      m_aiContext(std::make_unique<AIContextManager>()),
+      m_profileManager(std::make_unique<ProfileManager>(*m_aiContext, managerOptions(options))),
+      m_updater(std::make_unique<Updater>()), m_windows(std::make_unique<WindowRegistry>()),
+      m_autostart(std::make_unique<AutostartSwitch>()),
+      m_colorScheme(std::make_unique<SystemColorScheme>()), m_font(std::make_unique<SystemFont>()),
+      m_relativeTime(std::make_unique<RelativeTime>()),
+      m_settingsTabs(std::make_unique<SettingsTab>()),
+      m_settingsProgress(std::make_unique<SettingsProgress>()),
+      m_profileList(std::make_unique<ProfileListModel>(*m_profileManager)),
+      m_profileActions(std::make_unique<ProfileActions>(*m_profileManager)),
+      m_profileTransfer(std::make_unique<ProfileTransfer>(*m_profileManager)),
+      m_providerCatalogue(std::make_unique<AIProviderCatalogue>())
+{
+    // These live as long as the application: no engine may take one over and delete it.
+    for (QObject* shared : std::initializer_list<QObject*>{
+             m_settings.get(), m_aiContext.get(), m_profileManager.get(), m_updater.get(),
+             m_windows.get(), m_autostart.get(), m_colorScheme.get(), m_font.get(),
+             m_relativeTime.get(), m_settingsTabs.get(), m_settingsProgress.get(),
+             m_profileList.get(), m_profileActions.get(), m_profileTransfer.get(),
+             m_providerCatalogue.get()}) {
+        QJSEngine::setObjectOwnership(shared, QJSEngine::CppOwnership);
+    }
+}
 
 KivoraApp::~KivoraApp()
 {
@@ -88,32 +144,37 @@ KivoraApp::~KivoraApp()
     m_updaterPresenter.reset();
     m_host.reset();
     m_shortcuts.reset();
-    m_windows.reset();
+    m_palette.reset();
+}
+
+void KivoraApp::attach(QQmlEngine& engine)
+{
+    engine.setProperty("kivoraApp", QVariant::fromValue(this));
+    QmlHost::prepare(engine);
+}
+
+KivoraApp& KivoraApp::from(const QJSEngine* engine)
+{
+    auto* app = engine ? engine->property("kivoraApp").value<KivoraApp*>() : nullptr;
+    // A view loaded into an engine nobody attached is a programming error, not a state.
+    Q_ASSERT_X(app, "KivoraApp::from", "the engine has no application attached");
+    return *app;
 }
 
 void KivoraApp::start(InstanceChannel& channel)
 {
-    m_updater = std::make_unique<Updater>();
-    UpdaterForeign::setInstance(m_updater.get());
     m_updater->start();
 
-    m_manager = std::make_unique<ProfileManager>();
-    AppServices::setProfileManager(m_manager.get());
-
     // The palette is in place before the tray menu or any window exists.
-    m_palette = std::make_unique<ApplicationPalette>(SettingsManager::shared(),
-                                                     SystemColorScheme::shared());
-
-    m_host = std::make_unique<QmlHost>();
-    m_windows = std::make_unique<WindowRegistry>(nullptr);
-    AppServices::setWindows(m_windows.get());
+    m_palette = std::make_unique<ApplicationPalette>(*m_settings, *m_colorScheme);
     m_shortcuts = std::make_unique<WindowShortcuts>(*m_windows);
+    m_host = std::make_unique<QmlHost>([this](QQmlEngine& engine) { attach(engine); });
     m_popover = std::make_unique<PopoverController>(*m_host);
     m_updaterPresenter = std::make_unique<UpdaterPresenter>(*m_updater, *m_windows);
     registerWindows();
     registerCommands(channel);
 
-    m_tray = std::make_unique<TrayIcon>();
+    m_tray = std::make_unique<TrayIcon>(*m_autostart);
     connect(m_tray.get(), &TrayIcon::toggleRequested, m_popover.get(), &PopoverController::toggle);
     connect(m_tray.get(), &TrayIcon::openRequested, m_popover.get(), &PopoverController::show);
     connect(m_tray.get(), &TrayIcon::settingsRequested, this,
@@ -187,7 +248,7 @@ void KivoraApp::registerCommands(InstanceChannel& channel)
         QTextStream outStream(&out);
         QTextStream errStream(&err);
         const int status =
-            KivoraCli(arguments, outStream, errStream, inStream, m_manager.get()).run();
+            KivoraCli(arguments, outStream, errStream, inStream, m_profileManager.get()).run();
         outStream.flush();
         errStream.flush();
         return QJsonObject{{QStringLiteral("status"), status},
@@ -198,7 +259,7 @@ void KivoraApp::registerCommands(InstanceChannel& channel)
 
 void KivoraApp::openPopover()
 {
-    if (m_tray->isShown()) {
+    if (m_tray && m_tray->isShown()) {
         m_popover->show(m_tray->geometry());
     } else {
         m_popover->showAsWindow();

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/QmlHost.h"
 
+#include "app/Logging.h"
 #include "app/SymbolImageProvider.h"
 
 #include <QCoreApplication>
@@ -9,7 +13,10 @@
 #include <QQuickWindow>
 #include <QUrl>
 
-QmlHost::QmlHost(QObject* parent) : QObject(parent) {}
+QmlHost::QmlHost(std::function<void(QQmlEngine&)> attach, QObject* parent)
+    : QObject(parent), m_attach(std::move(attach))
+{
+}
 
 QmlHost::~QmlHost()
 {
@@ -31,7 +38,7 @@ QQmlEngine& QmlHost::engine()
 {
     if (!m_engine) {
         m_engine = new QQmlEngine;
-        prepare(*m_engine);
+        m_attach(*m_engine);
         connect(m_engine, &QQmlEngine::quit, QCoreApplication::instance(), &QCoreApplication::quit,
                 Qt::QueuedConnection);
     }
@@ -43,12 +50,12 @@ QQuickWindow* QmlHost::createWindow(const QString& modulePath)
     QQmlComponent component(&engine(), QUrl(QStringLiteral("qrc:/qt/qml/Kivora/") + modulePath));
     QObject* object = component.create();
     if (!object) {
-        qWarning().noquote() << component.errorString();
+        qCWarning(lcQml).noquote() << component.errorString();
         return nullptr;
     }
     auto* window = qobject_cast<QQuickWindow*>(object);
     if (!window) {
-        qWarning().noquote() << modulePath << "is not a window";
+        qCWarning(lcQml).noquote() << modulePath << "is not a window";
         delete object;
         return nullptr;
     }

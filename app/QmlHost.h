@@ -1,7 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QObject>
 #include <QString>
+
+#include <functional>
 
 class QQmlEngine;
 class QQuickWindow;
@@ -12,7 +17,8 @@ class QmlHost : public QObject {
     Q_OBJECT
 
 public:
-    explicit QmlHost(QObject* parent = nullptr);
+    // `attach` readies a new engine for the views (KivoraApp::attach).
+    explicit QmlHost(std::function<void(QQmlEngine&)> attach, QObject* parent = nullptr);
     ~QmlHost() override;
 
     QQmlEngine& engine();
@@ -22,10 +28,11 @@ public:
     // module ("menubar/PopoverWindow.qml"). Null, with the errors on the console, on failure.
     QQuickWindow* createWindow(const QString& modulePath);
 
-    // What every engine that shows Kivora's views needs: the module's import path and the
-    // symbol images. Tests call it on their own engine.
+    // What every engine that shows Kivora's views needs besides its application: the
+    // module's import path and the symbol images.
     static void prepare(QQmlEngine& engine);
 
 private:
+    std::function<void(QQmlEngine&)> m_attach;
     QQmlEngine* m_engine = nullptr;
 };

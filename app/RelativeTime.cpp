@@ -1,13 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/RelativeTime.h"
 
 #include <array>
 
 RelativeTime::RelativeTime(QObject* parent) : QObject(parent) {}
-
-RelativeTime* RelativeTime::create(QQmlEngine*, QJSEngine*)
-{
-    return new RelativeTime(nullptr);
-}
 
 QString RelativeTime::describe(const QDateTime& since)
 {

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/SymbolImageProvider.h"
 
+#include "app/Logging.h"
 #include "app/SymbolTable.h"
 
 #include <QIcon>
@@ -52,8 +56,12 @@ QImage SymbolImageProvider::render(const QString& symbol, const QColor& color, c
         packaged = true;
     }
     if (icon.isNull()) {
+        qCWarning(lcSymbols) << "no icon for the symbol" << symbol;
         return image;
     }
+    qCDebug(lcSymbols) << symbol << "drawn from"
+                       << (packaged ? "Kivora's own drawing" : "the theme")
+                       << (packaged ? SymbolTable::fallbackPath(symbol) : themeName);
 
     {
         QPainter painter(&image);

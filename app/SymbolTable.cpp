@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/SymbolTable.h"
 
 #include <array>
@@ -13,11 +16,11 @@ constexpr std::array<SymbolTable::Entry, 46> entries{{
     {"bell.fill", "preferences-system-notifications-symbolic"},
     {"bolt.fill", ""},
     {"book", "accessories-dictionary-symbolic"},
-    {"brain.head.profile", "emoji-people-symbolic"},
+    {"brain.head.profile", ""}, // the theme's nearest is a whole person
     {"checkmark", "object-select-symbolic"},
-    {"checkmark.circle.fill", "emblem-ok-symbolic"},
+    {"checkmark.circle.fill", ""}, // the theme's emblem-ok is a bare tick, not a filled disc
     {"chevron.right", "go-next-symbolic"},
-    {"clock.fill", "alarm-symbolic"},
+    {"clock.fill", ""}, // the theme's alarm clock has bells and feet
     {"cloud.fill", "weather-overcast-symbolic"},
     {"desktopcomputer", "computer-symbolic"},
     {"envelope.fill", "mail-unread-symbolic"},

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QString>
@@ -5,6 +8,8 @@
 
 // The one table from the symbol names the views use ("person.fill", "key.fill", …) to icons:
 // the freedesktop icon theme's name first, then the SVG drawn for Kivora and packaged with it.
+// A symbol whose theme icon would change its shape (a filled disc drawn as a bare tick) names
+// no theme icon, so that the packaged drawing is always used.
 class SymbolTable {
 public:
     struct Entry {

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/SystemColorScheme.h"
 
 #include <QDBusConnection>
@@ -44,19 +47,6 @@ SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent)
     connect(m_watcher, &QDBusServiceWatcher::serviceRegistered, this,
             &SystemColorScheme::readValue);
     readValue();
-}
-
-SystemColorScheme& SystemColorScheme::shared()
-{
-    static SystemColorScheme* instance = new SystemColorScheme(nullptr);
-    return *instance;
-}
-
-SystemColorScheme* SystemColorScheme::create(QQmlEngine*, QJSEngine*)
-{
-    SystemColorScheme* scheme = &shared();
-    QJSEngine::setObjectOwnership(scheme, QJSEngine::CppOwnership);
-    return scheme;
 }
 
 bool SystemColorScheme::isDarkValue(const QVariant& value)

@@ -1,9 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QDBusMessage>
-#include <QJSEngine>
 #include <QObject>
-#include <QQmlEngine>
 #include <QVariant>
 
 class QDBusServiceWatcher;
@@ -18,15 +19,10 @@ class QDBusServiceWatcher;
 // (re)appears on the bus.
 class SystemColorScheme : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
     Q_PROPERTY(bool prefersDark READ prefersDark NOTIFY prefersDarkChanged)
 
 public:
-    explicit SystemColorScheme(QObject* parent);
-
-    static SystemColorScheme& shared();
-    static SystemColorScheme* create(QQmlEngine*, QJSEngine*);
+    explicit SystemColorScheme(QObject* parent = nullptr);
 
     bool prefersDark() const { return m_prefersDark; }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/SystemFont.h"
 
 #include <QEvent>
@@ -6,11 +9,6 @@
 SystemFont::SystemFont(QObject* parent) : QObject(parent)
 {
     qGuiApp->installEventFilter(this);
-}
-
-SystemFont* SystemFont::create(QQmlEngine*, QJSEngine*)
-{
-    return new SystemFont(nullptr);
 }
 
 QFont SystemFont::font() const

@@ -1,20 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QFont>
-#include <QJSEngine>
 #include <QObject>
-#include <QQmlEngine>
 
 // The desktop's interface font, from which the theme derives its type scale.
 class SystemFont : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
     Q_PROPERTY(QFont font READ font NOTIFY fontChanged)
 
 public:
-    explicit SystemFont(QObject* parent);
-    static SystemFont* create(QQmlEngine*, QJSEngine*);
+    explicit SystemFont(QObject* parent = nullptr);
 
     QFont font() const;
 

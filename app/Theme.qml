@@ -1,10 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 pragma Singleton
 
 import QtQuick
 import Kivora
 
-// The application's one palette and type scale. "System" follows the desktop's colour scheme;
-// "Light" and "Dark" force one.
+// The application's one palette, type scale and set of measures. "System" follows the
+// desktop's colour scheme; "Light" and "Dark" force one. Views take every spacing, radius and
+// size from here rather than writing numbers of their own.
 QtObject {
     id: theme
 
@@ -74,12 +78,75 @@ QtObject {
     readonly property font title: Qt.font({ family: systemFont.family,
                                             pixelSize: Math.round(baseSize * 1.55),
                                             weight: Font.DemiBold })
+    // The profile names of the popover's rows and of the settings page's rows.
     readonly property font rowTitle: Qt.font({ family: systemFont.family, pixelSize: 13,
                                                weight: Font.Medium })
+    readonly property font settingsRowTitle: Qt.font({ family: systemFont.family, pixelSize: 14,
+                                                       weight: Font.Medium })
 
-    // Shapes and motion
-    readonly property int cornerRadius: 8
+    // A colour at another opacity.
+    function faded(base: color, alpha: real): color {
+        return Qt.rgba(base.r, base.g, base.b, alpha)
+    }
+
+    // Spacing, smallest first: between lines of one block, between items of a row, around
+    // controls, between sections, around a page.
+    readonly property int spacingXXS: 2
+    readonly property int spacingXS: 4
+    readonly property int spacingS: 6
+    readonly property int spacingM: 8
+    readonly property int spacingML: 10
+    readonly property int spacingL: 12
+    readonly property int spacingXL: 14
+    readonly property int spacingXXL: 16
+    readonly property int spacingSection: 20
+    readonly property int spacingPage: 24
+    readonly property int spacingSheet: 28
+    readonly property int scanSheetPadding: 30
+
+    // Corner radii.
     readonly property int smallRadius: 5
+    readonly property int rowRadius: 6
+    readonly property int controlRadius: 7
+    readonly property int cornerRadius: 8
+    readonly property int largeRadius: 10
+    readonly property int cardRadius: 12
+
+    // Sizes of controls and symbols.
+    readonly property int controlHeight: 30
+    readonly property int controlWidth: 200
+    readonly property int narrowControlWidth: 120
+    readonly property int signingPickerWidth: 110
+    readonly property int buttonWidth: 80
+    readonly property int iconButtonSize: 24
+    readonly property int rowButtonSize: 28
+    readonly property int switchWidth: 38
+    readonly property int switchHeight: 22
+    readonly property int knobSize: 18
+    readonly property int headerIconSize: 40
+    readonly property int successSymbolSize: 50
+    readonly property int dialogSymbolSize: 30
+    readonly property int largeTitleSymbolSize: 44
+    readonly property int symbolXS: 11
+    readonly property int symbolS: 12
+    readonly property int symbolM: 13
+    readonly property int symbolL: 14
+    readonly property int symbolXL: 16
+    readonly property int symbolXXL: 22
+    readonly property int formLabelWidth: 92
+    readonly property int logoSize: 56
+    readonly property int previewLogoSize: 24
+    readonly property int featureIconSize: 32
+    readonly property int sidebarRowHeight: 32
+    readonly property int popoverWidth: 320
+    // Dots: the status rows' green dot, the popover rows' mark, the settings rows' mark, and
+    // the accent dot of the "dot" icon style.
+    readonly property int statusDotSize: 6
+    readonly property int rowDotSize: 7
+    readonly property int markDotSize: 8
+    readonly property int styleDotSize: 20
+
+    // Motion
     readonly property int hoverDuration: 150
     readonly property int statusDuration: 200
     readonly property int switchedDuration: 300

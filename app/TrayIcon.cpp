@@ -1,6 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/TrayIcon.h"
 
-#include <QAction>
+#include "app/AutostartSwitch.h"
+#include "app/Logging.h"
+
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeySequence>
@@ -11,7 +16,8 @@ constexpr int retryIntervalMs = 5000;
 
 } // namespace
 
-TrayIcon::TrayIcon(QObject* parent) : QObject(parent)
+TrayIcon::TrayIcon(AutostartSwitch& autostart, QObject* parent)
+    : QObject(parent), m_autostart(autostart)
 {
     m_tray.setIcon(QIcon(QStringLiteral(":/qt/qml/Kivora/assets/kivora-logo.svg")));
     m_tray.setToolTip(QStringLiteral("Kivora"));
@@ -26,6 +32,20 @@ TrayIcon::TrayIcon(QObject* parent) : QObject(parent)
     preferences->setShortcutVisibleInContextMenu(true);
     m_menu.addAction(QStringLiteral("Check for Updates…"), this,
                      &TrayIcon::checkForUpdatesRequested);
+    m_menu.addSeparator();
+    QAction* startAtLogin = m_menu.addAction(QStringLiteral("Start at Login"));
+    startAtLogin->setCheckable(true);
+    startAtLogin->setChecked(m_autostart.enabled());
+    connect(startAtLogin, &QAction::triggered, &m_autostart, &AutostartSwitch::setEnabled);
+    // The action shows the entry as it is, also when a switch failed or something else
+    // changed it.
+    connect(&m_autostart, &AutostartSwitch::enabledChanged, startAtLogin,
+            [this, startAtLogin] { startAtLogin->setChecked(m_autostart.enabled()); });
+    connect(&m_autostart, &AutostartSwitch::failed, this, [this, startAtLogin](const QString& why) {
+        startAtLogin->setChecked(m_autostart.enabled());
+        m_tray.showMessage(QStringLiteral("Kivora"), why, QSystemTrayIcon::Warning);
+    });
+    connect(&m_menu, &QMenu::aboutToShow, &m_autostart, &AutostartSwitch::refresh);
     m_menu.addSeparator();
     m_menu.addAction(QStringLiteral("Quit"), this, &TrayIcon::quitRequested);
     m_tray.setContextMenu(&m_menu);
@@ -49,6 +69,7 @@ bool TrayIcon::show()
         m_tray.show();
         m_retry.stop();
     } else {
+        qCInfo(lcApp) << "no status area yet; trying again every" << retryIntervalMs << "ms";
         m_retry.start();
     }
     return m_available;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -9,8 +12,8 @@ Item {
     // The relative time is redrawn now and then while the view is shown.
     property int tick: 0
 
-    implicitWidth: column.implicitWidth + 40
-    implicitHeight: column.implicitHeight + 40
+    implicitWidth: column.implicitWidth + 2 * Theme.spacingSection
+    implicitHeight: column.implicitHeight + 2 * Theme.spacingSection
 
     Timer {
         interval: 30000
@@ -22,8 +25,8 @@ Item {
     ColumnLayout {
         id: column
         anchors.fill: parent
-        anchors.margins: 20
-        spacing: 12
+        anchors.margins: Theme.spacingSection
+        spacing: Theme.spacingL
 
         Text {
             text: "Updates"

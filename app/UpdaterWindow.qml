@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Window
 import QtQuick.Layouts
@@ -13,27 +16,27 @@ Window {
 
     title: "Software Update"
     width: 460
-    height: layout.implicitHeight + 48
+    height: layout.implicitHeight + 2 * Theme.spacingPage
     minimumWidth: 380
     color: Theme.windowBackground
 
     ColumnLayout {
         id: layout
         anchors.fill: parent
-        anchors.margins: 24
-        spacing: 14
+        anchors.margins: Theme.spacingPage
+        spacing: Theme.spacingXL
 
         RowLayout {
-            spacing: 16
+            spacing: Theme.spacingXXL
             Image {
                 Layout.alignment: Qt.AlignTop
                 source: "qrc:/qt/qml/Kivora/assets/kivora-logo.svg"
-                sourceSize.width: 56
-                sourceSize.height: 56
+                sourceSize.width: Theme.logoSize
+                sourceSize.height: Theme.logoSize
             }
             ColumnLayout {
                 Layout.fillWidth: true
-                spacing: 6
+                spacing: Theme.spacingS
                 Text {
                     objectName: "updaterHeadline"
                     Layout.fillWidth: true
@@ -73,8 +76,8 @@ Window {
                 BusyIndicator {
                     visible: window.updateState === Updater.Checking
                     running: visible
-                    implicitWidth: 28
-                    implicitHeight: 28
+                    implicitWidth: Theme.rowButtonSize
+                    implicitHeight: Theme.rowButtonSize
                 }
             }
         }
@@ -93,7 +96,7 @@ Window {
                 font: Theme.body
                 color: Theme.primaryText
                 background: Rectangle {
-                    radius: 8
+                    radius: Theme.cornerRadius
                     color: Theme.cardBackground
                     border.color: Theme.cardBorder
                 }
@@ -102,7 +105,7 @@ Window {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.spacingM
             Item { Layout.fillWidth: true }
             PushButton {
                 objectName: "laterButton"

@@ -1,9 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "app/WindowRegistry.h"
-
-#include "app/AppServices.h"
-
-#include <QJSEngine>
-#include <QQmlEngine>
 
 WindowRegistry::WindowRegistry(QObject* parent) : QObject(parent) {}
 
@@ -43,16 +41,4 @@ bool WindowRegistry::isOpen(const QString& id) const
 QWindow* WindowRegistry::window(const QString& id) const
 {
     return m_windows.value(id);
-}
-
-WindowRegistry* WindowRegistry::create(QQmlEngine*, QJSEngine*)
-{
-    WindowRegistry* windows = AppServices::windows();
-    if (!windows) {
-        // A view loaded without the application (a test) still gets a registry to call.
-        windows = new WindowRegistry(nullptr);
-        AppServices::setWindows(windows);
-    }
-    QJSEngine::setObjectOwnership(windows, QJSEngine::CppOwnership);
-    return windows;
 }

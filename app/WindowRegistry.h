@@ -1,13 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QHash>
-#include <QJSEngine>
 #include <QObject>
 #include <QPointer>
-#include <QQmlEngine>
 #include <QString>
 #include <QWindow>
-#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 
@@ -15,13 +15,11 @@
 // window at most: it is created on first opening and raised and focused when opened again.
 class WindowRegistry : public QObject {
     Q_OBJECT
-    QML_NAMED_ELEMENT(Windows)
-    QML_SINGLETON
 
 public:
     using Factory = std::function<QWindow*()>;
 
-    explicit WindowRegistry(QObject* parent);
+    explicit WindowRegistry(QObject* parent = nullptr);
 
     // The factory builds the window; the registry shows it.
     void add(const QString& id, Factory factory);
@@ -30,8 +28,6 @@ public:
     Q_INVOKABLE bool isOpen(const QString& id) const;
     // The window of an id once it has been created, else null.
     QWindow* window(const QString& id) const;
-
-    static WindowRegistry* create(QQmlEngine*, QJSEngine*);
 
 signals:
     void opened(const QString& id);

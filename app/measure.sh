@@ -1,4 +1,6 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Measures the tray application on a private X display: time from process start to the tray
 # icon, first and later popover openings, and resident memory idle, after the popover and
 # after the settings window. Needs Xvfb, trayer and xdotool.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "CoreBench.h"
 
 #include "BenchStats.h"
@@ -65,8 +68,7 @@ void CoreBench::activation()
 
     AIContextManager ai;
     ProfileManager::Options options;
-    options.aiContext = &ai;
-    ProfileManager manager(options);
+    ProfileManager manager(ai, options);
     manager.applyGlobally(a); // the wrapper and the hooks exist from here on, as in daily use
 
     // The same child processes, started bare: three git writes and two reads through bash.

@@ -1,4 +1,6 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Several command lines changing the profiles at once, with no application running: LOOPS
 # loops of OPS operations each (adds, switches, edits and removals of the loop's own
 # profiles) in a fresh home folder. Prints how many profiles should be there and how many were

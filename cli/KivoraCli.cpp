@@ -1,7 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "cli/KivoraCli.h"
 
 #include "activation/InstanceChannel.h"
-#include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "activation/RuleSync.h"
 #include "activation/SSHKeyScanner.h"
@@ -208,7 +210,8 @@ ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
         // A command runs for a moment: the environment of this process is not worth restoring,
         // and a command that only reads must leave every file as it found it.
         options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(options);
+        m_aiContext = std::make_unique<AIContextManager>();
+        m_manager = std::make_unique<ProfileManager>(*m_aiContext, options);
         if (m_manager->startedFresh() && !m_manager->preservedFilePath().isEmpty()) {
             // The reason may quote a value of the file, line ends and all: shown escaped.
             m_err << "kivora: " << printable(m_manager->loadError()) << "; it was kept as "
@@ -620,12 +623,12 @@ int KivoraCli::edit(const QStringList& args)
     }
     if (changesProfile) {
         QString why;
-        switch (ProfileEdits::editProfile(manager(), profile->id, edit, &why, &*profile)) {
-        case ProfileEdits::Replaced::Saved:
+        switch (manager().editProfile(profile->id, edit, &why, &*profile)) {
+        case ProfileManager::Update::Saved:
             break;
-        case ProfileEdits::Replaced::Gone:
+        case ProfileManager::Update::Gone:
             return fail(QStringLiteral("the profile is gone; nothing was saved."));
-        case ProfileEdits::Replaced::Failed:
+        case ProfileManager::Update::Failed:
             return fail(printable(why) + QStringLiteral("; nothing was saved."));
         }
     }
@@ -666,23 +669,23 @@ int KivoraCli::remove(const QStringList& args)
     if (!profile) {
         return m_status;
     }
-    const auto deletion = ProfileEdits::deleteProfile(manager(), *profile, parser.isSet(deleteKey));
+    const auto deletion = manager().removeProfile(*profile, parser.isSet(deleteKey));
     if (!deletion.saved) {
         return fail(printable(deletion.error) +
                     QStringLiteral("; the profile and its key files were kept."));
     }
     m_out << "Removed profile " << printable(profile->name) << ".\n";
-    for (const QString& file : deletion.removed) {
+    for (const QString& file : deletion.removedKeyFiles) {
         m_out << "Deleted " << printable(file) << "\n";
     }
     if (parser.isSet(deleteKey) && !profile->sshKeyPath.isEmpty() &&
-        deletion.removed.size() + deletion.refused.size() < 2) {
+        deletion.removedKeyFiles.size() + deletion.refusedKeyFiles.size() < 2) {
         m_out << "Not every key file was there to delete.\n";
     }
     // Only a regular file inside ~/.ssh is ever deleted; the profile is gone either way, but
     // a key file that was asked for and kept is a failure the user must hear about.
     int status = Success;
-    for (const QString& sentence : deletion.refused) {
+    for (const QString& sentence : deletion.refusedKeyFiles) {
         status = fail(printable(sentence));
     }
     return status;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QCommandLineParser>
@@ -7,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+class AIContextManager;
 class ProfileManager;
 struct GitProfile;
 
@@ -66,6 +70,9 @@ private:
     QTextStream& m_out;
     QTextStream& m_err;
     QTextStream& m_in;
+    // A command of its own keeps its AI context for its moment; the application's manager
+    // has the application's.
+    std::unique_ptr<AIContextManager> m_aiContext;
     std::unique_ptr<ProfileManager> m_manager;
     ProfileManager* m_hosted = nullptr;
     std::optional<QString> m_input;

@@ -1,6 +1,8 @@
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The core library: profile model, activation, AI context, preferences and updates.
-# It links only QtCore, QtNetwork and QtDBus, so the command line and the tests never
-# pull in a graphical module.
+# It links only QtCore and QtNetwork, so the command line and the tests never pull in a
+# graphical module or the session bus.
 set(KIVORA_CORE_DIRS model activation ai prefs updates)
 set(KIVORA_CORE_SOURCES)
 foreach(dir IN LISTS KIVORA_CORE_DIRS)
@@ -11,7 +13,7 @@ endforeach()
 
 add_library(kivora_core STATIC ${KIVORA_CORE_SOURCES})
 target_include_directories(kivora_core PUBLIC ${PROJECT_SOURCE_DIR})
-target_link_libraries(kivora_core PUBLIC Qt6::Core Qt6::Network Qt6::DBus
+target_link_libraries(kivora_core PUBLIC Qt6::Core Qt6::Network
                       PRIVATE nlohmann_json::nlohmann_json)
 target_compile_definitions(kivora_core PUBLIC
     KIVORA_VERSION="${PROJECT_VERSION}"

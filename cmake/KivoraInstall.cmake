@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installing Kivora as a desktop application, and the Debian package made from it.
 #
 #   bin/kivora                                     the command line
@@ -105,6 +107,10 @@ else()
 endif()
 
 add_custom_target(kivora-desktop-files ALL DEPENDS ${kivora_generated_files})
+
+# The licence, where Debian keeps a package's copyright notice.
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/kivora
+        RENAME copyright)
 
 # The Debian package: `make package`, or `cpack -G DEB` in the build folder.
 set(CPACK_GENERATOR DEB)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -11,16 +14,16 @@ Rectangle {
     property string iconStyle: "dot"
     property bool showEmail: true
 
-    implicitHeight: layout.implicitHeight + 24
-    radius: 10
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingL
+    radius: Theme.largeRadius
     color: Theme.controlBackground
     clip: true
 
     RowLayout {
         id: layout
         anchors.fill: parent
-        anchors.margins: 12
-        spacing: 12
+        anchors.margins: Theme.spacingL
+        spacing: Theme.spacingL
 
         ProfileAvatar {
             Layout.alignment: Qt.AlignTop
@@ -29,7 +32,7 @@ Rectangle {
 
         ColumnLayout {
             Layout.fillWidth: true
-            spacing: 4
+            spacing: Theme.spacingXS
 
             RowLayout {
                 Layout.fillWidth: true
@@ -42,7 +45,7 @@ Rectangle {
                 SymbolIcon {
                     name: "checkmark.circle.fill"
                     color: card.hasProfile ? Theme.green : Theme.tertiaryText
-                    size: 13
+                    size: Theme.symbolM
                 }
             }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import Kivora
 
@@ -8,16 +11,16 @@ Row {
     property string symbol
     property string text
 
-    spacing: 4
+    spacing: Theme.spacingXS
 
     SymbolIcon {
         name: line.symbol
         color: Theme.secondaryText
-        size: 11
+        size: Theme.symbolXS
         anchors.verticalCenter: parent.verticalCenter
     }
     Text {
-        width: Math.max(0, line.width - 15)
+        width: Math.max(0, line.width - Theme.symbolXS - line.spacing)
         text: line.text
         font: Theme.subheadline
         color: Theme.secondaryText

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
@@ -13,19 +16,14 @@ Item {
     // The profile whose edit button was pressed last. Nothing in the popover shows it.
     property var editingProfile: null
 
-    readonly property alias profiles: profileModel
+    readonly property var profiles: Profiles
     readonly property bool compact: SettingsManager.compactMode
     readonly property real listMaximumHeight: compact ? 150 : 250
 
     signal dismissRequested()
 
-    implicitWidth: 320
+    implicitWidth: Theme.popoverWidth
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins
-
-    ProfileListModel {
-        id: profileModel
-        manager: ProfileManager
-    }
 
     // Each switch schedules its own clearing: a second switch within 1.5 seconds replaces the
     // id at once, and the first switch's timer still clears it at its own time.
@@ -41,8 +39,11 @@ Item {
         }
     }
 
+    // A sentence left from an earlier view's failure is not this view's.
+    Component.onCompleted: Profiles.clearError()
+
     function switchTo(profileId: string) {
-        if (profileModel.activate(profileId)) {
+        if (Profiles.activate(profileId)) {
             justSwitched = profileId
             clearSwitchedTimer.createObject(view)
         }
@@ -56,8 +57,8 @@ Item {
     ColumnLayout {
         id: column
         anchors.fill: parent
-        anchors.margins: 12
-        spacing: 10
+        anchors.margins: Theme.spacingL
+        spacing: Theme.spacingML
 
         SetupBanner {
             objectName: "setupBanner"
@@ -69,8 +70,8 @@ Item {
         ActiveProfileCard {
             objectName: "activeProfileCard"
             Layout.fillWidth: true
-            hasProfile: profileModel.hasActiveProfile
-            profile: profileModel.activeProfile
+            hasProfile: Profiles.hasActiveProfile
+            profile: Profiles.activeProfile
             iconStyle: SettingsManager.menuBarIconStyle
             showEmail: SettingsManager.showProfileEmail
         }
@@ -89,12 +90,12 @@ Item {
             Column {
                 id: profileColumn
                 width: profileScroll.availableWidth
-                spacing: 2
-                topPadding: 2
-                bottomPadding: 2
+                spacing: Theme.spacingXXS
+                topPadding: Theme.spacingXXS
+                bottomPadding: Theme.spacingXXS
 
                 Repeater {
-                    model: profileModel
+                    model: Profiles
                     delegate: ProfileRow {
                         required property string profileId
                         required property string name
@@ -109,9 +110,9 @@ Item {
                         active: isActive
                         justSwitched: view.justSwitched === profileId
                         onSwitchRequested: view.switchTo(profileId)
-                        onOpenTerminalRequested: profileModel.openTerminal(profileId)
+                        onOpenTerminalRequested: Profiles.openTerminal(profileId)
                         onEditRequested: view.editingProfile = profileId
-                        onDeleteRequested: profileModel.remove(profileId)
+                        onDeleteRequested: Profiles.remove(profileId)
                     }
                 }
             }
@@ -121,10 +122,10 @@ Item {
         Text {
             objectName: "actionError"
             Layout.fillWidth: true
-            Layout.leftMargin: 8
-            Layout.rightMargin: 8
-            visible: profileModel.error.length > 0
-            text: profileModel.error
+            Layout.leftMargin: Theme.spacingM
+            Layout.rightMargin: Theme.spacingM
+            visible: Profiles.error.length > 0
+            text: Profiles.error
             font: Theme.caption
             color: Theme.red
             wrapMode: Text.Wrap
@@ -134,9 +135,9 @@ Item {
 
         ColumnLayout {
             Layout.fillWidth: true
-            Layout.leftMargin: 8
-            Layout.rightMargin: 8
-            spacing: 8
+            Layout.leftMargin: Theme.spacingM
+            Layout.rightMargin: Theme.spacingM
+            spacing: Theme.spacingM
 
             StatusRow {
                 Layout.fillWidth: true
@@ -161,7 +162,7 @@ Item {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 4
+            spacing: Theme.spacingXS
 
             PlainButton {
                 objectName: "addProfileButton"

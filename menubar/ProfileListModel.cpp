@@ -1,25 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "menubar/ProfileListModel.h"
 
 #include "model/Sentence.h"
 
-ProfileListModel::ProfileListModel(QObject* parent) : QAbstractListModel(parent) {}
-
-void ProfileListModel::setManager(ProfileManager* manager)
+ProfileListModel::ProfileListModel(ProfileManager& manager, QObject* parent)
+    : QAbstractListModel(parent), m_manager(manager), m_profiles(manager.profiles())
 {
-    if (m_manager == manager) {
-        return;
-    }
-    if (m_manager) {
-        m_manager->disconnect(this);
-    }
-    m_manager = manager;
-    if (m_manager) {
-        connect(m_manager, &ProfileManager::profilesChanged, this, &ProfileListModel::reload);
-        connect(m_manager, &ProfileManager::activeProfileIDChanged, this,
-                &ProfileListModel::activeChanged);
-    }
-    reload();
-    emit managerChanged();
+    connect(&m_manager, &ProfileManager::profileInserted, this, &ProfileListModel::insert);
+    connect(&m_manager, &ProfileManager::profileUpdated, this, &ProfileListModel::update);
+    connect(&m_manager, &ProfileManager::profileRemoved, this, &ProfileListModel::removeRow);
+    connect(&m_manager, &ProfileManager::profileMoved, this, &ProfileListModel::move);
+    connect(&m_manager, &ProfileManager::profilesReset, this, &ProfileListModel::reset);
+    connect(&m_manager, &ProfileManager::activeProfileIDChanged, this,
+            &ProfileListModel::activeChanged);
 }
 
 int ProfileListModel::count() const
@@ -29,15 +24,12 @@ int ProfileListModel::count() const
 
 bool ProfileListModel::hasActiveProfile() const
 {
-    return m_manager && m_manager->activeProfile().has_value();
+    return m_manager.activeProfile().has_value();
 }
 
 QVariantMap ProfileListModel::activeProfile() const
 {
-    if (!m_manager) {
-        return {};
-    }
-    const auto active = m_manager->activeProfile();
+    const auto active = m_manager.activeProfile();
     return active ? describe(*active) : QVariantMap();
 }
 
@@ -59,7 +51,7 @@ int ProfileListModel::rowCount(const QModelIndex& parent) const
 
 QVariant ProfileListModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_profiles.size()) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
     }
     const GitProfile& profile = m_profiles.at(index.row());
@@ -76,7 +68,9 @@ QVariant ProfileListModel::data(const QModelIndex& index, int role) const
     case SshKeyPathRole:
         return profile.sshKeyPath;
     case IsActiveRole:
-        return m_manager && m_manager->activeProfileID() == profile.id;
+        return m_manager.activeProfileID() == profile.id;
+    case ProfileRole:
+        return QVariant::fromValue(profile);
     default:
         return {};
     }
@@ -88,15 +82,18 @@ QHash<int, QByteArray> ProfileListModel::roleNames() const
         {ProfileIdRole, "profileId"},   {NameRole, "name"},
         {GitNameRole, "gitName"},       {GitEmailRole, "gitEmail"},
         {SshKeyPathRole, "sshKeyPath"}, {IsActiveRole, "isActive"},
+        {ProfileRole, "profile"},
     };
+}
+
+GitProfile ProfileListModel::at(int row) const
+{
+    return row >= 0 && row < m_profiles.size() ? m_profiles.at(row) : GitProfile();
 }
 
 std::optional<GitProfile> ProfileListModel::profile(const QString& id) const
 {
-    if (!m_manager) {
-        return std::nullopt;
-    }
-    for (const GitProfile& candidate : m_manager->profiles()) {
+    for (const GitProfile& candidate : m_profiles) {
         if (candidate.idText() == id) {
             return candidate;
         }
@@ -111,24 +108,22 @@ bool ProfileListModel::activate(const QString& id)
         return false;
     }
     QString why;
-    const bool applied = m_manager->applyGlobally(*chosen, &why);
+    const bool applied = m_manager.applyGlobally(*chosen, &why);
     setError(applied ? QString() : Sentence::of(why));
     return applied;
 }
 
 bool ProfileListModel::remove(const QString& id)
 {
-    if (!m_manager || !profile(id)) {
+    const auto chosen = profile(id);
+    if (!chosen) {
         return false;
     }
-    QString why;
-    const bool saved = m_manager->change(
-        [&id](QList<GitProfile>& profiles, std::optional<QUuid>&) {
-            profiles.removeIf([&id](const GitProfile& p) { return p.idText() == id; });
-        },
-        &why);
-    setError(saved ? QString() : Sentence::of(why));
-    return saved;
+    // The popover's delete: the profile only; even the active id stays as it is.
+    const auto removal = m_manager.removeProfile(*chosen, /*deleteSSHKey*/ false,
+                                                 /*forgetActive*/ false);
+    setError(removal.saved ? QString() : Sentence::of(removal.error));
+    return removal.saved;
 }
 
 void ProfileListModel::setError(const QString& error)
@@ -145,15 +140,52 @@ bool ProfileListModel::openTerminal(const QString& id)
     if (!chosen) {
         return false;
     }
-    m_manager->openTerminal(*chosen);
+    m_manager.openTerminal(*chosen);
     return true;
 }
 
-void ProfileListModel::reload()
+void ProfileListModel::insert(int row)
+{
+    beginInsertRows({}, row, row);
+    m_profiles.insert(row, m_manager.profiles().at(row));
+    endInsertRows();
+    emit countChanged();
+    // The active id may name the profile that just came (or came back).
+    emit activeProfileChanged();
+}
+
+void ProfileListModel::update(int row)
+{
+    m_profiles[row] = m_manager.profiles().at(row);
+    emit dataChanged(index(row), index(row));
+    if (m_manager.activeProfileID() == m_profiles.at(row).id) {
+        emit activeProfileChanged();
+    }
+}
+
+void ProfileListModel::removeRow(int row)
+{
+    beginRemoveRows({}, row, row);
+    m_profiles.removeAt(row);
+    endRemoveRows();
+    emit countChanged();
+    // The active id may name the profile that just went.
+    emit activeProfileChanged();
+}
+
+void ProfileListModel::move(int from, int to)
+{
+    // Qt counts the destination before the move: one further down when moving down.
+    beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+    m_profiles.move(from, to);
+    endMoveRows();
+}
+
+void ProfileListModel::reset()
 {
     const qsizetype before = m_profiles.size();
     beginResetModel();
-    m_profiles = m_manager ? m_manager->profiles() : QList<GitProfile>();
+    m_profiles = m_manager.profiles();
     endResetModel();
     if (before != m_profiles.size()) {
         emit countChanged();

@@ -1,18 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/ProfileManager.h"
 
 #include <QAbstractListModel>
-#include <QPointer>
 #include <QVariantMap>
-#include <QtQml/qqmlregistration.h>
 
 // The profile manager's profiles as a list for the views, in the manager's order, plus the
-// active profile and the commands a row gives: switch to, open a terminal for, delete.
+// active profile and the commands a row gives: switch to, open a terminal for, delete. It
+// follows the manager row by row: an added profile is an inserted row, a removed one a
+// removed row, so views keep their other rows (and their hover and focus) as they are.
 class ProfileListModel : public QAbstractListModel {
     Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(bool hasActiveProfile READ hasActiveProfile NOTIFY activeProfileChanged)
     Q_PROPERTY(QVariantMap activeProfile READ activeProfile NOTIFY activeProfileChanged)
@@ -27,13 +28,11 @@ public:
         GitEmailRole,
         SshKeyPathRole,
         IsActiveRole,
+        ProfileRole, // the whole record, a gitProfile
     };
     Q_ENUM(Role)
 
-    explicit ProfileListModel(QObject* parent = nullptr);
-
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
+    explicit ProfileListModel(ProfileManager& manager, QObject* parent = nullptr);
 
     int count() const;
     bool hasActiveProfile() const;
@@ -46,6 +45,9 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+    // The profile at a row; an empty one past the end.
+    Q_INVOKABLE GitProfile at(int row) const;
+
     // Makes the profile active and rewrites the global git identity. False for an unknown id
     // and when git or a file could not be written (then `error` says why).
     Q_INVOKABLE bool activate(const QString& id);
@@ -55,22 +57,28 @@ public:
     Q_INVOKABLE bool remove(const QString& id);
     // Opens a terminal window with the profile's identity preset.
     Q_INVOKABLE bool openTerminal(const QString& id);
+    // Puts the sentence of an earlier failure away (a view that starts afresh).
+    Q_INVOKABLE void clearError() { setError(QString()); }
 
     static QVariantMap describe(const GitProfile& profile);
 
 signals:
-    void managerChanged();
     void countChanged();
     void activeProfileChanged();
     void errorChanged();
 
 private:
     std::optional<GitProfile> profile(const QString& id) const;
-    void reload();
+    void insert(int row);
+    void update(int row);
+    void removeRow(int row);
+    void move(int from, int to);
+    void reset();
     void activeChanged();
     void setError(const QString& error);
 
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
+    // The rows as the views last heard of them; always the manager's list after a signal.
     QList<GitProfile> m_profiles;
     QString m_error;
 };

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -19,7 +22,7 @@ Item {
     signal editRequested()
     signal deleteRequested()
 
-    implicitHeight: layout.implicitHeight + 16
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingM
 
     // A button to assistive technology: named after the profile, pressed to switch.
     Accessible.role: Accessible.Button
@@ -29,7 +32,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        radius: 6
+        radius: Theme.rowRadius
         color: row.isHovered ? Theme.controlBackground : "transparent"
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
     }
@@ -40,57 +43,32 @@ Item {
     RowLayout {
         id: layout
         anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 10
-        anchors.topMargin: 8
-        anchors.bottomMargin: 8
-        spacing: 10
+        anchors.leftMargin: Theme.spacingML
+        anchors.rightMargin: Theme.spacingML
+        anchors.topMargin: Theme.spacingM
+        anchors.bottomMargin: Theme.spacingM
+        spacing: Theme.spacingML
 
-        Rectangle {
-            objectName: "statusDot"
-            implicitWidth: 7
-            implicitHeight: 7
-            radius: 3.5
-            color: row.active ? Theme.green : "transparent"
-            border.width: 1
-            border.color: row.active ? Theme.green
-                                     : Qt.rgba(Theme.secondaryText.r, Theme.secondaryText.g,
-                                               Theme.secondaryText.b, 0.4)
-            Behavior on color { ColorAnimation { duration: Theme.statusDuration; easing.type: Easing.InOutQuad } }
-            Behavior on border.color { ColorAnimation { duration: Theme.statusDuration; easing.type: Easing.InOutQuad } }
-        }
-
-        ColumnLayout {
+        ProfileIdentity {
             Layout.fillWidth: true
-            spacing: 2
-            Text {
-                objectName: "nameText"
-                Layout.fillWidth: true
-                text: row.profileName
-                font: Theme.rowTitle
-                color: Theme.primaryText
-                elide: Text.ElideRight
-            }
-            Text {
-                objectName: "identityText"
-                Layout.fillWidth: true
-                text: row.identity
-                font: Theme.subheadline
-                color: Theme.secondaryText
-                elide: Text.ElideRight
-            }
+            profileName: row.profileName
+            identityLine: row.identity
+            active: row.active
+            markSize: Theme.rowDotSize
+            markOutline: 1
+            markOutlineColor: Theme.faded(Theme.secondaryText, 0.4)
         }
 
-        Row {
+        FadeRow {
             objectName: "switchedLabel"
-            spacing: 3
-            opacity: row.justSwitched ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.switchedDuration; easing.type: Easing.OutCubic } }
+            spacing: Theme.spacingXS
+            shown: row.justSwitched
+            duration: Theme.switchedDuration
+            easing: Easing.OutCubic
             SymbolIcon {
                 name: "checkmark"
                 color: Theme.green
-                size: 11
+                size: Theme.symbolXS
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
@@ -101,31 +79,20 @@ Item {
             }
         }
 
-        Row {
-            objectName: "hoverActions"
-            spacing: 4
-            opacity: row.isHovered ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
-
-            IconButton {
-                objectName: "terminalButton"
-                symbol: "terminal"
-                tooltip: "Open Terminal"
-                onClicked: row.openTerminalRequested()
-            }
-            IconButton {
-                objectName: "editButton"
-                symbol: "pencil"
-                tooltip: "Edit"
-                onClicked: row.editRequested()
-            }
-            IconButton {
-                objectName: "deleteButton"
-                symbol: "trash"
-                tooltip: "Delete"
-                foreground: Theme.red
-                onClicked: row.deleteRequested()
+        HoverActions {
+            shown: row.isHovered
+            actions: [
+                { name: "terminal", symbol: "terminal", tooltip: "Open Terminal" },
+                { name: "edit", symbol: "pencil", tooltip: "Edit" },
+                { name: "delete", symbol: "trash", tooltip: "Delete", destructive: true }
+            ]
+            onTriggered: name => {
+                if (name === "terminal")
+                    row.openTerminalRequested()
+                else if (name === "edit")
+                    row.editRequested()
+                else
+                    row.deleteRequested()
             }
         }
     }

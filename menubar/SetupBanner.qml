@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
@@ -11,15 +14,15 @@ AbstractButton {
     Accessible.onPressAction: banner.clicked()
 
     hoverEnabled: true
-    padding: 10
+    padding: Theme.spacingML
     text: "Setup required - click to configure profiles"
 
     contentItem: RowLayout {
-        spacing: 8
+        spacing: Theme.spacingM
         SymbolIcon {
             name: "exclamationmark.triangle.fill"
             color: Theme.orange
-            size: 14
+            size: Theme.symbolL
         }
         Text {
             Layout.fillWidth: true
@@ -31,15 +34,15 @@ AbstractButton {
         SymbolIcon {
             name: "chevron.right"
             color: Theme.secondaryText
-            size: 12
+            size: Theme.symbolS
         }
     }
 
     background: Rectangle {
         radius: Theme.cornerRadius
         color: Theme.warningBackground
-        border.color: Qt.rgba(Theme.orange.r, Theme.orange.g, Theme.orange.b,
-                              banner.hovered ? 0.45 : 0.25)
+        border.width: banner.visualFocus ? 2 : 1
+        border.color: Theme.faded(Theme.orange, banner.hovered || banner.visualFocus ? 0.45 : 0.25)
         Behavior on border.color { ColorAnimation { duration: Theme.hoverDuration } }
     }
 }

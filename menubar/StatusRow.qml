@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -22,11 +25,11 @@ RowLayout {
     Rectangle {
         objectName: "statusDot"
         visible: row.showDot
-        implicitWidth: 6
-        implicitHeight: 6
-        radius: 3
+        implicitWidth: Theme.statusDotSize
+        implicitHeight: Theme.statusDotSize
+        radius: width / 2
         color: Theme.green
-        Layout.rightMargin: 4
+        Layout.rightMargin: Theme.spacingXS
     }
     Text {
         objectName: "statusValue"

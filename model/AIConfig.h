@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "model/AIProvider.h"
@@ -26,7 +29,10 @@ public:
 
     // A key is all a provider needs; a local server needs none. Whether the
     // configuration is enabled does not matter here.
-    bool isConfigured() const { return !apiKey.isEmpty() || provider == AIProvider::Local; }
+    bool isConfigured() const
+    {
+        return !apiKey.isEmpty() || !AIProviders::facts(provider).needsKey;
+    }
 
     QString providerName() const { return AIProviders::rawValue(provider); }
 

@@ -1,24 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
-#include <QList>
-#include <QString>
-
-#include <optional>
+#include "model/EnumTexts.h"
 
 // The application's colour appearance. `system` follows the desktop's light or dark scheme.
 // The raw value is both the text kept in the preferences file and the name shown.
 enum class AppAppearance { system, light, dark };
 
-namespace AppAppearances {
-
-// Every appearance, in the order pickers offer them.
-const QList<AppAppearance>& all();
-
-QString rawValue(AppAppearance appearance);
-QString displayName(AppAppearance appearance);
-QString description(AppAppearance appearance);
-
-// Exact, case-sensitive: "dark" is not an appearance.
-std::optional<AppAppearance> fromRawValue(const QString& raw);
-
-} // namespace AppAppearances
+struct AppAppearances : EnumTexts<AppAppearances, AppAppearance, EnumText<AppAppearance>> {
+    static constexpr EnumText<AppAppearance> entries[] = {
+        {AppAppearance::system, "System", "System", "Adapts to your system's light or dark mode"},
+        {AppAppearance::light, "Light", "Light", "Always uses light appearance"},
+        {AppAppearance::dark, "Dark", "Dark", "Always uses dark appearance"},
+    };
+};

@@ -1,24 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
-#include <QList>
-#include <QString>
-
-#include <optional>
+#include "model/EnumTexts.h"
 
 // How the application's icon is drawn inside the popover and in the appearance preview.
 // The raw value is the text kept in the preferences file.
 enum class MenuBarIconStyle { dot, full, text };
 
-namespace MenuBarIconStyles {
-
-// Every style, in the order pickers offer them.
-const QList<MenuBarIconStyle>& all();
-
-QString rawValue(MenuBarIconStyle style);
-QString displayName(MenuBarIconStyle style);
-QString description(MenuBarIconStyle style);
-
-// Exact, case-sensitive: "Dot" is not a style.
-std::optional<MenuBarIconStyle> fromRawValue(const QString& raw);
-
-} // namespace MenuBarIconStyles
+struct MenuBarIconStyles
+    : EnumTexts<MenuBarIconStyles, MenuBarIconStyle, EnumText<MenuBarIconStyle>> {
+    static constexpr EnumText<MenuBarIconStyle> entries[] = {
+        {MenuBarIconStyle::dot, "dot", "Dot", "A simple colored dot in the menu bar"},
+        {MenuBarIconStyle::full, "full", "Full Logo", "Full Kivora logo icon in the menu bar"},
+        {MenuBarIconStyle::text, "text", "Text", "Text 'K' displayed in the menu bar"},
+    };
+};

@@ -1,8 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "prefs/SettingsManager.h"
-
-#include "prefs/PreferencesFile.h"
-
-#include <QVariantMap>
 
 namespace {
 
@@ -11,25 +10,12 @@ QString key(const char* name)
     return QString::fromLatin1(name);
 }
 
-QVariantMap choice(const QString& rawValue, const QString& displayName, const QString& description)
-{
-    return {{QStringLiteral("rawValue"), rawValue},
-            {QStringLiteral("displayName"), displayName},
-            {QStringLiteral("description"), description}};
-}
-
 } // namespace
 
 SettingsManager::SettingsManager(const QString& settingsPath, QObject* parent)
     : QObject(parent), m_settings(settingsPath, QSettings::NativeFormat)
 {
     load();
-}
-
-SettingsManager& SettingsManager::shared()
-{
-    static SettingsManager instance(PreferencesFile::path());
-    return instance;
 }
 
 void SettingsManager::load()
@@ -141,22 +127,10 @@ void SettingsManager::reset()
 
 QVariantList SettingsManager::iconStyleChoices() const
 {
-    QVariantList choices;
-    for (MenuBarIconStyle style : MenuBarIconStyles::all()) {
-        choices.append(choice(MenuBarIconStyles::rawValue(style),
-                              MenuBarIconStyles::displayName(style),
-                              MenuBarIconStyles::description(style)));
-    }
-    return choices;
+    return MenuBarIconStyles::choices();
 }
 
 QVariantList SettingsManager::appearanceChoices() const
 {
-    QVariantList choices;
-    for (AppAppearance appearance : AppAppearances::all()) {
-        choices.append(choice(AppAppearances::rawValue(appearance),
-                              AppAppearances::displayName(appearance),
-                              AppAppearances::description(appearance)));
-    }
-    return choices;
+    return AppAppearances::choices();
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "prefs/AppAppearance.h"
@@ -36,10 +39,8 @@ public:
     static inline const char* const showSSHKeySetKey = "showSSHKeySet";
 
     // Loads the preferences kept in the file at `settingsPath` (created when first written).
+    // The application makes one, over PreferencesFile::path().
     explicit SettingsManager(const QString& settingsPath, QObject* parent = nullptr);
-
-    // The one instance of the process, created on first use over PreferencesFile::path().
-    static SettingsManager& shared();
 
     QString filePath() const { return m_settings.fileName(); }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -10,16 +13,11 @@ SettingsContainer {
 
     // Rows are shown for this many profiles; the rest are counted in a "+ N more" line.
     readonly property int shownProfiles: 3
-    readonly property int profileCount: profileModel.count
+    readonly property int profileCount: Profiles.count
 
     title: "AI"
     subtitle: "Configure AI context per profile"
     icon: "sparkles"
-
-    ProfileListModel {
-        id: profileModel
-        manager: ProfileManager
-    }
 
     SettingsSection {
         title: "AI Providers"
@@ -28,12 +26,7 @@ SettingsContainer {
             objectName: "providersCard"
 
             Repeater {
-                model: [
-                    { name: "OpenAI", models: "GPT-4, GPT-3.5" },
-                    { name: "Anthropic", models: "Claude 3.5, Claude 3" },
-                    { name: "Google", models: "Gemini Pro" },
-                    { name: "Azure OpenAI", models: "GPT-4, GPT-3.5" }
-                ]
+                model: AIProviderCatalogue.rows()
                 delegate: ColumnLayout {
                     id: provider
 
@@ -41,7 +34,7 @@ SettingsContainer {
                     required property int index
 
                     Layout.fillWidth: true
-                    spacing: 12
+                    spacing: Theme.spacingL
 
                     Divider {
                         Layout.fillWidth: true
@@ -80,7 +73,7 @@ SettingsContainer {
             }
 
             Repeater {
-                model: profileModel
+                model: Profiles
                 delegate: RowLayout {
                     id: profileRow
 
@@ -90,13 +83,11 @@ SettingsContainer {
                     objectName: "profileRow:" + name
                     visible: index < page.shownProfiles
                     Layout.fillWidth: true
-                    spacing: 10
+                    spacing: Theme.spacingML
 
-                    Rectangle {
-                        implicitWidth: 8
-                        implicitHeight: 8
-                        radius: 4
-                        color: Theme.accent
+                    StatusDot {
+                        on: true
+                        tint: Theme.accent
                     }
                     Text {
                         Layout.fillWidth: true
@@ -138,10 +129,5 @@ SettingsContainer {
                 secondary: true
             }
         }
-    }
-
-    // Room below the last card once the page scrolls to its end.
-    Item {
-        implicitHeight: 8
     }
 }

@@ -1,9 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
 
-// The "About" page of the settings window: the application's identity, what it does,
-// starting at login, and links to the maker's site, opened in the browser.
+// The "About" page of the settings window: the application's identity, what it does, and
+// links to the maker's site, opened in the browser.
 SettingsContainer {
     id: page
 
@@ -21,28 +24,26 @@ SettingsContainer {
     subtitle: "Learn more about Kivora"
     icon: "info.circle.fill"
 
-    Component.onCompleted: Autostart.refresh()
-
     SettingsSection {
         title: "App Info"
 
         SettingsCard {
             RowLayout {
                 Layout.fillWidth: true
-                spacing: 14
+                spacing: Theme.spacingXL
 
                 Image {
                     objectName: "appLogo"
-                    Layout.preferredWidth: 56
-                    Layout.preferredHeight: 56
-                    sourceSize.width: 112
-                    sourceSize.height: 112
+                    Layout.preferredWidth: Theme.logoSize
+                    Layout.preferredHeight: Theme.logoSize
+                    sourceSize.width: 2 * Theme.logoSize
+                    sourceSize.height: 2 * Theme.logoSize
                     fillMode: Image.PreserveAspectFit
                     source: "qrc:/qt/qml/Kivora/assets/kivora-dot-transparent.svg"
                 }
                 ColumnLayout {
                     Layout.fillWidth: true
-                    spacing: 2
+                    spacing: Theme.spacingXXS
                     Text {
                         objectName: "appName"
                         text: "Kivora"
@@ -108,34 +109,10 @@ SettingsContainer {
         }
     }
 
-    SettingsSection {
-        title: "Startup"
-
-        SettingsCard {
-            ToggleRow {
-                objectName: "startAtLoginRow"
-                title: "Start at login"
-                description: "Open Kivora in the tray when you log in"
-                checked: Autostart.enabled
-                onToggled: value => Autostart.enabled = value
-            }
-            Text {
-                objectName: "startAtLoginError"
-                Layout.fillWidth: true
-                visible: Autostart.errorMessage.length > 0
-                text: Autostart.errorMessage
-                font: Theme.subheadline
-                color: Theme.red
-                wrapMode: Text.WordWrap
-            }
-        }
-    }
-
     ColumnLayout {
         objectName: "footer"
         Layout.fillWidth: true
-        Layout.bottomMargin: 16
-        spacing: 2
+        spacing: Theme.spacingXXS
 
         Text {
             Layout.fillWidth: true

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -10,15 +13,6 @@ SettingsContainer {
     readonly property var iconStyles: SettingsManager.iconStyleChoices()
     readonly property var appearances: SettingsManager.appearanceChoices()
 
-    // The description of the choice whose raw value is `value`.
-    function describe(choices: var, value: string): string {
-        for (const choice of choices) {
-            if (choice.rawValue === value)
-                return choice.description
-        }
-        return ""
-    }
-
     title: "Appearance"
     subtitle: "Customize how Kivora looks and feels"
     icon: "paintbrush.fill"
@@ -27,32 +21,13 @@ SettingsContainer {
         title: "Menu Bar"
 
         SettingsCard {
-            ColumnLayout {
-                Layout.fillWidth: true
-                spacing: 6
-
-                Text {
-                    text: "Icon Style"
-                    font.family: Theme.body.family
-                    font.pixelSize: Theme.body.pixelSize
-                    font.weight: Font.Medium
-                    color: Theme.primaryText
-                }
-                SegmentedPicker {
-                    objectName: "iconStylePicker"
-                    Layout.fillWidth: true
-                    choices: page.iconStyles
-                    value: SettingsManager.menuBarIconStyle
-                    onActivated: rawValue => SettingsManager.menuBarIconStyle = rawValue
-                }
-                Text {
-                    objectName: "iconStyleDescription"
-                    Layout.fillWidth: true
-                    text: page.describe(page.iconStyles, SettingsManager.menuBarIconStyle)
-                    font: Theme.subheadline
-                    color: Theme.secondaryText
-                    wrapMode: Text.WordWrap
-                }
+            ChoiceField {
+                label: "Icon Style"
+                pickerName: "iconStylePicker"
+                descriptionName: "iconStyleDescription"
+                choices: page.iconStyles
+                value: SettingsManager.menuBarIconStyle
+                onActivated: rawValue => SettingsManager.menuBarIconStyle = rawValue
             }
 
             Divider { Layout.fillWidth: true }
@@ -71,32 +46,13 @@ SettingsContainer {
         title: "Application"
 
         SettingsCard {
-            ColumnLayout {
-                Layout.fillWidth: true
-                spacing: 6
-
-                Text {
-                    text: "Appearance"
-                    font.family: Theme.body.family
-                    font.pixelSize: Theme.body.pixelSize
-                    font.weight: Font.Medium
-                    color: Theme.primaryText
-                }
-                SegmentedPicker {
-                    objectName: "appearancePicker"
-                    Layout.fillWidth: true
-                    choices: page.appearances
-                    value: SettingsManager.appAppearance
-                    onActivated: rawValue => SettingsManager.appAppearance = rawValue
-                }
-                Text {
-                    objectName: "appearanceDescription"
-                    Layout.fillWidth: true
-                    text: page.describe(page.appearances, SettingsManager.appAppearance)
-                    font: Theme.subheadline
-                    color: Theme.secondaryText
-                    wrapMode: Text.WordWrap
-                }
+            ChoiceField {
+                label: "Appearance"
+                pickerName: "appearancePicker"
+                descriptionName: "appearanceDescription"
+                choices: page.appearances
+                value: SettingsManager.appAppearance
+                onActivated: rawValue => SettingsManager.appAppearance = rawValue
             }
         }
     }
@@ -133,10 +89,5 @@ SettingsContainer {
                 objectName: "preview"
             }
         }
-    }
-
-    // Room below the last card once the page scrolls to its end.
-    Item {
-        implicitHeight: 8
     }
 }

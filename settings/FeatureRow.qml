@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -14,24 +17,24 @@ RowLayout {
     property bool comingSoon: false
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     Rectangle {
-        implicitWidth: 32
-        implicitHeight: 32
-        radius: 8
-        color: Qt.rgba(row.tint.r, row.tint.g, row.tint.b, 0.12)
+        implicitWidth: Theme.featureIconSize
+        implicitHeight: Theme.featureIconSize
+        radius: Theme.cornerRadius
+        color: Theme.faded(row.tint, 0.12)
         SymbolIcon {
             anchors.centerIn: parent
             name: row.symbol
             color: row.tint
-            size: 18
+            size: Theme.symbolXL
         }
     }
 
     ColumnLayout {
         Layout.fillWidth: true
-        spacing: 2
+        spacing: Theme.spacingXXS
         Text {
             objectName: "featureTitle"
             Layout.fillWidth: true
@@ -52,7 +55,7 @@ RowLayout {
         }
     }
 
-    InfoBadge {
+    Badge {
         objectName: "comingSoonBadge"
         visible: row.comingSoon
         text: "Coming Soon"

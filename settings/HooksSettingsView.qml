@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -74,10 +77,5 @@ SettingsContainer {
                 secondary: true
             }
         }
-    }
-
-    // Room below the last card once the page scrolls to its end.
-    Item {
-        implicitHeight: 8
     }
 }

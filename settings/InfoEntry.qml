@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -10,7 +13,7 @@ ColumnLayout {
     property string description
 
     Layout.fillWidth: true
-    spacing: 2
+    spacing: Theme.spacingXXS
 
     Text {
         objectName: "entryTitle"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
@@ -15,7 +18,7 @@ AbstractButton {
     property url url
 
     hoverEnabled: true
-    padding: 2
+    padding: Theme.spacingXXS
     font: Theme.body
 
     HoverHandler { cursorShape: Qt.PointingHandCursor }
@@ -24,18 +27,18 @@ AbstractButton {
     ToolTip.delay: 800
 
     contentItem: RowLayout {
-        spacing: 8
+        spacing: Theme.spacingM
         SymbolIcon {
             visible: link.symbol.length > 0
             name: link.symbol
             color: Theme.accent
-            size: 16
+            size: Theme.symbolXL
         }
         Text {
             text: link.text
             font.family: link.font.family
             font.pixelSize: link.font.pixelSize
-            font.underline: link.hovered
+            font.underline: link.hovered || link.visualFocus
             color: link.pressed ? Qt.darker(Theme.accent, 1.2) : Theme.accent
         }
     }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import Kivora
 
@@ -7,12 +10,12 @@ Rectangle {
 
     Column {
         anchors.centerIn: parent
-        spacing: 8
+        spacing: Theme.spacingM
         SymbolIcon {
             anchors.horizontalCenter: parent.horizontalCenter
             name: "gearshape"
             color: Theme.tertiaryText
-            size: 40
+            size: Theme.headerIconSize
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter

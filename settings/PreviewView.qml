@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -11,16 +14,16 @@ Rectangle {
     readonly property string iconStyle: SettingsManager.menuBarIconStyle
     readonly property bool showEmail: SettingsManager.showProfileEmail
     readonly property bool compact: SettingsManager.compactMode
-    readonly property int padding: compact ? 8 : 14
+    readonly property int padding: compact ? Theme.spacingM : Theme.spacingXL
 
     // Obviously made-up sample identity.
     readonly property string sampleName: "Alex Sample"
     readonly property string sampleWorkEmail: "alex@work.example"
     readonly property string samplePersonalEmail: "alex@personal.example"
 
-    implicitWidth: 320
+    implicitWidth: Theme.popoverWidth
     implicitHeight: column.implicitHeight + 2 * padding
-    radius: 10
+    radius: Theme.largeRadius
     color: Theme.popoverBackground
     border.width: 1
     border.color: Theme.border
@@ -29,54 +32,22 @@ Rectangle {
         id: column
         anchors.fill: parent
         anchors.margins: preview.padding
-        spacing: preview.compact ? 6 : 10
+        spacing: preview.compact ? Theme.spacingS : Theme.spacingML
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 10
+            spacing: Theme.spacingML
 
-            Item {
+            IconStyleMark {
                 objectName: "previewIcon"
-                implicitWidth: 28
-                implicitHeight: 28
-
-                Rectangle {
-                    objectName: "previewDot"
-                    visible: preview.iconStyle === "dot"
-                    anchors.centerIn: parent
-                    width: 20
-                    height: 20
-                    radius: 10
-                    color: Theme.accent
-                }
-
-                Image {
-                    objectName: "previewLogo"
-                    visible: preview.iconStyle === "full"
-                    anchors.centerIn: parent
-                    width: 24
-                    height: 24
-                    sourceSize.width: 48
-                    sourceSize.height: 48
-                    fillMode: Image.Stretch
-                    source: "qrc:/qt/qml/Kivora/assets/kivora-dot-transparent.svg"
-                }
-
-                Text {
-                    objectName: "previewLetter"
-                    visible: preview.iconStyle === "text"
-                    anchors.centerIn: parent
-                    text: "K"
-                    font.family: Theme.systemFont.family
-                    font.pixelSize: 16
-                    font.bold: true
-                    color: Theme.primaryText
-                }
+                iconStyle: preview.iconStyle
+                logoSize: Theme.previewLogoSize
+                stretchLogo: true
             }
 
             ColumnLayout {
                 Layout.fillWidth: true
-                spacing: 2
+                spacing: Theme.spacingXXS
                 Text {
                     objectName: "previewProfileName"
                     text: "Work"
@@ -110,7 +81,7 @@ Rectangle {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 4
+            spacing: Theme.spacingXS
 
             // Shown only: pressing them does nothing.
             PlainButton {

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/ProfileTransfer.h"
 
 #include "model/AtomicFile.h"
@@ -14,14 +17,9 @@ QString localPath(const QUrl& file)
 
 } // namespace
 
-ProfileTransfer::ProfileTransfer(QObject* parent) : QObject(parent) {}
-
-void ProfileTransfer::setManager(ProfileManager* manager)
+ProfileTransfer::ProfileTransfer(ProfileManager& manager, QObject* parent)
+    : QObject(parent), m_manager(manager)
 {
-    if (m_manager != manager) {
-        m_manager = manager;
-        emit managerChanged();
-    }
 }
 
 void ProfileTransfer::setError(const QString& error)
@@ -34,13 +32,13 @@ void ProfileTransfer::setError(const QString& error)
 
 bool ProfileTransfer::exportTo(const QUrl& file)
 {
-    if (!m_manager || file.isEmpty()) {
+    if (file.isEmpty()) {
         return false;
     }
     // The file holds the same data as the profile file, keys included: private to the user.
     QString why;
     const QString path = localPath(file);
-    if (!AtomicFile::write(path, ProfileCodec::encodeProfileArray(m_manager->profiles()),
+    if (!AtomicFile::write(path, ProfileCodec::encodeProfileArray(m_manager.profiles()),
                            AtomicFile::privateFile, &why)) {
         setError(Sentence::of(
             QStringLiteral("the profiles could not be exported to %1 (%2)").arg(path, why)));
@@ -52,7 +50,7 @@ bool ProfileTransfer::exportTo(const QUrl& file)
 
 int ProfileTransfer::importFrom(const QUrl& file)
 {
-    if (!m_manager || file.isEmpty()) {
+    if (file.isEmpty()) {
         return 0;
     }
     const QString path = localPath(file);
@@ -73,7 +71,7 @@ int ProfileTransfer::importFrom(const QUrl& file)
                              .arg(path, why)));
         return 0;
     }
-    if (!m_manager->addProfiles(*profiles, &why)) {
+    if (!m_manager.addProfiles(*profiles, &why)) {
         setError(Sentence::of(why + QStringLiteral("; nothing was imported")));
         return 0;
     }

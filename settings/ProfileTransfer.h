@@ -1,25 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/ProfileManager.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QUrl>
-#include <QtQml/qqmlregistration.h>
 
 // Export and import of the profile list as a pretty-printed JSON array of profiles.
 class ProfileTransfer : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
     // Why the last export or import did nothing, as one sentence; empty after one that worked.
     Q_PROPERTY(QString error READ error WRITE setError NOTIFY errorChanged)
 
 public:
-    explicit ProfileTransfer(QObject* parent = nullptr);
+    explicit ProfileTransfer(ProfileManager& manager, QObject* parent = nullptr);
 
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
     QString error() const { return m_error; }
     void setError(const QString& error);
 
@@ -33,10 +30,9 @@ public:
     Q_INVOKABLE int importFrom(const QUrl& file);
 
 signals:
-    void managerChanged();
     void errorChanged();
 
 private:
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
     QString m_error;
 };

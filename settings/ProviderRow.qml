@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -12,11 +15,11 @@ RowLayout {
     property bool configured: false
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     ColumnLayout {
         Layout.fillWidth: true
-        spacing: 2
+        spacing: Theme.spacingXXS
         Text {
             Layout.fillWidth: true
             text: row.name

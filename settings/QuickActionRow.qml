@@ -1,43 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Kivora
 
 // A quick action in the settings sidebar: an icon and a title; a destructive one is red.
-Rectangle {
+AbstractButton {
     id: row
 
     property string title
-    property string icon
+    property string symbol
     property bool destructive: false
 
-    signal clicked()
+    implicitHeight: Theme.sidebarRowHeight
+    hoverEnabled: true
+    text: title
 
-    implicitHeight: 32
-    radius: 6
-
-    Accessible.role: Accessible.Button
-    Accessible.name: row.title
+    // Pressed through assistive technology as by a click: Qt 6.4's controls offer the press
+    // action but do nothing on it.
     Accessible.onPressAction: row.clicked()
-    color: hover.hovered ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
-                                   Theme.controlBackground.b, 0.8)
-                         : "transparent"
 
-    HoverHandler { id: hover }
-    TapHandler { onTapped: row.clicked() }
+    background: Rectangle {
+        radius: Theme.rowRadius
+        color: row.hovered || row.visualFocus ? Theme.faded(Theme.controlBackground, 0.8)
+                                              : "transparent"
+    }
 
-    RowLayout {
-        anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 10
-        spacing: 10
+    contentItem: RowLayout {
+        spacing: Theme.spacingML
 
         SymbolIcon {
-            name: row.icon
+            Layout.leftMargin: Theme.spacingML
+            name: row.symbol
             color: row.destructive ? Theme.red : Theme.secondaryText
-            size: 16
+            size: Theme.symbolXL
         }
         Text {
             Layout.fillWidth: true
+            Layout.rightMargin: Theme.spacingML
             text: row.title
             font: Theme.body
             color: row.destructive ? Theme.red : Theme.primaryText

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Templates as T
@@ -78,7 +81,7 @@ Popup {
             Layout.topMargin: 12
             spacing: 8
 
-            SheetButton {
+            PushButton {
                 objectName: "replaceButton"
                 Layout.fillWidth: true
                 text: "Replace"
@@ -88,7 +91,7 @@ Popup {
                     dialog.replaceChosen(dialog.file)
                 }
             }
-            SheetButton {
+            PushButton {
                 objectName: "cancelButton"
                 Layout.fillWidth: true
                 text: "Cancel"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -9,9 +12,9 @@ Rectangle {
     default property alias content: body.data
 
     Layout.fillWidth: true
-    implicitHeight: body.implicitHeight + 32
-    implicitWidth: body.implicitWidth + 32
-    radius: 12
+    implicitHeight: body.implicitHeight + 2 * Theme.spacingXXL
+    implicitWidth: body.implicitWidth + 2 * Theme.spacingXXL
+    radius: Theme.cardRadius
     color: Theme.cardBackground
     border.color: Theme.cardBorder
     border.width: 1
@@ -21,7 +24,7 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 16
-        spacing: 12
+        anchors.margins: Theme.spacingXXL
+        spacing: Theme.spacingL
     }
 }

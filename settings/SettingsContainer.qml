@@ -1,10 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
 import Kivora
 
 // The frame of every settings page: a header with the page's symbol, title, subtitle and,
-// when set, its feature status badge; a divider; then the page's content, scrolling.
+// when set, its feature status badge; a divider; then the page's content, scrolling. The
+// scrolled area is as tall as the content and its margins, so the end of a page can always
+// be scrolled into view.
 Rectangle {
     id: container
 
@@ -14,6 +19,7 @@ Rectangle {
     // A SettingsProgress value, or -1 for no badge.
     property int progress: -1
     default property alias content: body.data
+    readonly property alias scrollView: scroll
 
     color: Theme.windowBackground
 
@@ -25,25 +31,25 @@ Rectangle {
             id: header
             objectName: "pageHeader"
             Layout.fillWidth: true
-            Layout.margins: 24
-            spacing: 14
+            Layout.margins: Theme.spacingPage
+            spacing: Theme.spacingXL
 
             Rectangle {
-                implicitWidth: 40
-                implicitHeight: 40
-                radius: 10
-                color: Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.1)
+                implicitWidth: Theme.headerIconSize
+                implicitHeight: Theme.headerIconSize
+                radius: Theme.largeRadius
+                color: Theme.faded(Theme.accent, 0.1)
                 SymbolIcon {
                     anchors.centerIn: parent
                     name: container.icon
                     color: Theme.accent
-                    size: 22
+                    size: Theme.symbolXXL
                 }
             }
 
             ColumnLayout {
                 Layout.fillWidth: true
-                spacing: 2
+                spacing: Theme.spacingXXS
                 Text {
                     objectName: "pageTitle"
                     text: container.title
@@ -60,10 +66,13 @@ Rectangle {
                 }
             }
 
-            SettingsProgressBadge {
+            Badge {
                 objectName: "progressBadge"
                 visible: container.progress >= 0
-                progress: container.progress
+                text: SettingsProgress.text(container.progress)
+                symbol: SettingsProgress.symbol(container.progress)
+                tooltip: SettingsProgress.tooltip(container.progress)
+                tint: Theme.named(SettingsProgress.colorName(container.progress))
             }
         }
 
@@ -71,17 +80,19 @@ Rectangle {
 
         ScrollView {
             id: scroll
+            objectName: "pageScroll"
             Layout.fillWidth: true
             Layout.fillHeight: true
             contentWidth: availableWidth
+            contentHeight: body.implicitHeight + Theme.spacingSection + Theme.spacingPage
             clip: true
 
             ColumnLayout {
                 id: body
-                x: 24
-                y: 20
-                width: scroll.availableWidth - 48
-                spacing: 24
+                x: Theme.spacingPage
+                y: Theme.spacingSection
+                width: scroll.availableWidth - 2 * Theme.spacingPage
+                spacing: Theme.spacingPage
             }
         }
     }

@@ -1,64 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/SettingsProgress.h"
+
+namespace {
+
+struct ProgressInfo {
+    SettingsProgress::Progress progress;
+    const char* text;
+    const char* symbol;
+    const char* colorName;
+    const char* tooltip;
+};
+
+constexpr ProgressInfo progressInfo[] = {
+    {SettingsProgress::Configured, "Configured", "checkmark.circle.fill", "green",
+     "This feature is fully configured"},
+    {SettingsProgress::ComingSoon, "Coming Soon", "clock.fill", "orange",
+     "This feature is coming in a future update"},
+    {SettingsProgress::NeedsSetup, "Needs Setup", "exclamationmark.triangle.fill", "red",
+     "This feature requires some setup"},
+};
+
+// One field of a status's row; empty for a number that names no status.
+QString field(int progress, const char* ProgressInfo::*member)
+{
+    for (const ProgressInfo& info : progressInfo) {
+        if (info.progress == progress) {
+            return QString::fromUtf8(info.*member);
+        }
+    }
+    return {};
+}
+
+} // namespace
 
 SettingsProgress::SettingsProgress(QObject* parent) : QObject(parent) {}
 
-SettingsProgress* SettingsProgress::create(QQmlEngine*, QJSEngine*)
-{
-    return new SettingsProgress(nullptr);
-}
-
 QString SettingsProgress::text(int progress)
 {
-    switch (progress) {
-    case Configured:
-        return QStringLiteral("Configured");
-    case ComingSoon:
-        return QStringLiteral("Coming Soon");
-    case NeedsSetup:
-        return QStringLiteral("Needs Setup");
-    default:
-        return {};
-    }
+    return field(progress, &ProgressInfo::text);
 }
 
 QString SettingsProgress::symbol(int progress)
 {
-    switch (progress) {
-    case Configured:
-        return QStringLiteral("checkmark.circle.fill");
-    case ComingSoon:
-        return QStringLiteral("clock.fill");
-    case NeedsSetup:
-        return QStringLiteral("exclamationmark.triangle.fill");
-    default:
-        return {};
-    }
+    return field(progress, &ProgressInfo::symbol);
 }
 
 QString SettingsProgress::colorName(int progress)
 {
-    switch (progress) {
-    case Configured:
-        return QStringLiteral("green");
-    case ComingSoon:
-        return QStringLiteral("orange");
-    case NeedsSetup:
-        return QStringLiteral("red");
-    default:
-        return {};
-    }
+    return field(progress, &ProgressInfo::colorName);
 }
 
 QString SettingsProgress::tooltip(int progress)
 {
-    switch (progress) {
-    case Configured:
-        return QStringLiteral("This feature is fully configured");
-    case ComingSoon:
-        return QStringLiteral("This feature is coming in a future update");
-    case NeedsSetup:
-        return QStringLiteral("This feature requires some setup");
-    default:
-        return {};
-    }
+    return field(progress, &ProgressInfo::tooltip);
 }

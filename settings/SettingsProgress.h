@@ -1,22 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
-#include <QJSEngine>
 #include <QObject>
-#include <QQmlEngine>
 #include <QString>
 
 // The feature status a page header can show as a badge: its text, symbol, colour and tooltip.
 class SettingsProgress : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
 
 public:
     enum Progress { Configured, ComingSoon, NeedsSetup };
     Q_ENUM(Progress)
 
-    explicit SettingsProgress(QObject* parent);
-    static SettingsProgress* create(QQmlEngine*, QJSEngine*);
+    explicit SettingsProgress(QObject* parent = nullptr);
 
     // The badge text, which is also the raw value.
     Q_INVOKABLE static QString text(int progress);

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -12,13 +15,13 @@ ColumnLayout {
     default property alias content: body.data
 
     Layout.fillWidth: true
-    spacing: 8
+    spacing: Theme.spacingM
 
     ColumnLayout {
         objectName: "sectionHeader"
         visible: section.title.length > 0
         Layout.fillWidth: true
-        spacing: 4
+        spacing: Theme.spacingXS
         Text {
             text: section.title
             font: Theme.headline
@@ -38,6 +41,6 @@ ColumnLayout {
     ColumnLayout {
         id: body
         Layout.fillWidth: true
-        spacing: 8
+        spacing: Theme.spacingM
     }
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Kivora
@@ -24,32 +27,33 @@ Rectangle {
 
     color: Theme.sidebarBackground
 
-    SearchField {
+    TextInputField {
         id: search
         objectName: "searchField"
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.margins: 12
+        anchors.margins: Theme.spacingL
+        symbol: "magnifyingglass"
         placeholderText: "Search settings"
     }
 
     Flickable {
         id: flick
         anchors.top: search.bottom
-        anchors.topMargin: 8
+        anchors.topMargin: Theme.spacingM
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        contentHeight: list.implicitHeight + 16
+        contentHeight: list.implicitHeight + 2 * Theme.spacingM
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         ScrollBar.vertical: ScrollBar {}
 
         Column {
             id: list
-            x: 8
-            width: flick.width - 16
+            x: Theme.spacingM
+            width: flick.width - 2 * Theme.spacingM
             spacing: 1
 
             SettingsSidebarSection {
@@ -87,21 +91,21 @@ Rectangle {
                 objectName: "exportAction"
                 width: list.width
                 title: "Export Profiles"
-                icon: "square.and.arrow.up"
+                symbol: "square.and.arrow.up"
                 onClicked: sidebar.exportRequested()
             }
             QuickActionRow {
                 objectName: "importAction"
                 width: list.width
                 title: "Import Profiles"
-                icon: "square.and.arrow.down"
+                symbol: "square.and.arrow.down"
                 onClicked: sidebar.importRequested()
             }
             QuickActionRow {
                 objectName: "resetAction"
                 width: list.width
                 title: "Reset All Settings"
-                icon: "arrow.counterclockwise"
+                symbol: "arrow.counterclockwise"
                 destructive: true
                 onClicked: sidebar.resetRequested()
             }

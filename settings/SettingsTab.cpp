@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/SettingsTab.h"
 
 #include <QLocale>
@@ -38,12 +41,6 @@ const TabInfo* info(int tab)
 } // namespace
 
 SettingsTab::SettingsTab(QObject* parent) : QObject(parent) {}
-
-SettingsTab* SettingsTab::create(QQmlEngine*, QJSEngine*)
-{
-    // Stateless: each engine gets its own instance and owns it.
-    return new SettingsTab(nullptr);
-}
 
 QVariantList SettingsTab::allTabs()
 {

@@ -1,9 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
-#include <QJSEngine>
 #include <QList>
 #include <QObject>
-#include <QQmlEngine>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
@@ -12,15 +13,12 @@
 // sidebar sections, and the sidebar's rules for favourites and search.
 class SettingsTab : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
 
 public:
     enum Tab { Profiles, AI, SSH, Appearance, Hooks, Notifications, Sync, About, Updates };
     Q_ENUM(Tab)
 
-    explicit SettingsTab(QObject* parent);
-    static SettingsTab* create(QQmlEngine*, QJSEngine*);
+    explicit SettingsTab(QObject* parent = nullptr);
 
     // Every tab in declaration order.
     Q_INVOKABLE static QVariantList allTabs();

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
@@ -17,8 +20,8 @@ Rectangle {
     signal clicked()
     signal toggleFavorite()
 
-    implicitHeight: 32
-    radius: 6
+    implicitHeight: Theme.sidebarRowHeight
+    radius: Theme.rowRadius
 
     // A page tab to assistive technology, named after its page.
     Accessible.role: Accessible.PageTab
@@ -28,9 +31,7 @@ Rectangle {
     Accessible.onPressAction: row.clicked()
     opacity: SettingsTab.matchesSearch(tab, searchText) ? 1.0 : 0.5
     color: selected ? Theme.selection
-                    : hover.hovered ? Qt.rgba(Theme.controlBackground.r, Theme.controlBackground.g,
-                                              Theme.controlBackground.b, 0.8)
-                                    : "transparent"
+                    : hover.hovered ? Theme.faded(Theme.controlBackground, 0.8) : "transparent"
 
     HoverHandler { id: hover }
     TapHandler { onTapped: row.clicked() }
@@ -41,14 +42,14 @@ Rectangle {
 
     RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 6
-        spacing: 10
+        anchors.leftMargin: Theme.spacingML
+        anchors.rightMargin: Theme.spacingS
+        spacing: Theme.spacingML
 
         SymbolIcon {
             name: SettingsTab.icon(row.tab)
             color: row.selected ? Theme.accent : Theme.secondaryText
-            size: 16
+            size: Theme.symbolXL
         }
         Text {
             Layout.fillWidth: true
@@ -57,27 +58,15 @@ Rectangle {
             color: Theme.primaryText
             elide: Text.ElideRight
         }
-        AbstractButton {
-            id: star
+        SymbolButton {
             objectName: "starButton"
-            implicitWidth: 22
-            implicitHeight: 22
-            hoverEnabled: true
-            Accessible.name: ToolTip.text
-            Accessible.onPressAction: star.clicked()
-            ToolTip.text: row.isFavorited ? "Remove from favorites" : "Add to favorites"
-            ToolTip.visible: hovered
-            ToolTip.delay: 500
+            size: Theme.symbolXXL
+            symbol: row.isFavorited ? "star.fill" : "star"
+            foreground: row.isFavorited ? Theme.yellow : Theme.secondaryText
+            fillOpacity: 0
+            symbolSize: Theme.symbolS
+            tooltip: row.isFavorited ? "Remove from favorites" : "Add to favorites"
             onClicked: row.toggleFavorite()
-            contentItem: Item {
-                SymbolIcon {
-                    anchors.centerIn: parent
-                    name: row.isFavorited ? "star.fill" : "star"
-                    color: row.isFavorited ? Theme.yellow : Theme.secondaryText
-                    size: 12
-                }
-            }
-            background: null
         }
     }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Dialogs
@@ -29,7 +32,7 @@ Item {
     }
 
     function exportProfiles(file: url): bool {
-        return transfer.exportTo(file)
+        return ProfileTransfer.exportTo(file)
     }
 
     readonly property url homeFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
@@ -61,16 +64,11 @@ Item {
     }
 
     function importProfiles(file: url): int {
-        return transfer.importFrom(file)
+        return ProfileTransfer.importFrom(file)
     }
 
     function resetAllSettings() {
         SettingsManager.reset()
-    }
-
-    ProfileTransfer {
-        id: transfer
-        manager: ProfileManager
     }
 
     FileChooser {
@@ -181,14 +179,14 @@ Item {
             Text {
                 objectName: "transferError"
                 Layout.fillWidth: true
-                Layout.margins: 12
-                visible: transfer.error.length > 0
-                text: transfer.error
+                Layout.margins: Theme.spacingL
+                visible: ProfileTransfer.error.length > 0
+                text: ProfileTransfer.error
                 font: Theme.subheadline
                 color: Theme.red
                 wrapMode: Text.Wrap
 
-                TapHandler { onTapped: transfer.error = "" }
+                TapHandler { onTapped: ProfileTransfer.error = "" }
             }
         }
     }

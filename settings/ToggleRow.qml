@@ -1,9 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
 
 // A switch row: a title over a secondary description, the switch at the trailing edge.
-// `toggled` reports the user's change; the owner writes it to the setting it shows.
+// `checked` is the setting shown; `toggled` reports the user's change, which the owner writes
+// to the setting (a change the setting refuses springs back).
 RowLayout {
     id: row
 
@@ -14,11 +18,11 @@ RowLayout {
     signal toggled(bool checked)
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     ColumnLayout {
         Layout.fillWidth: true
-        spacing: 2
+        spacing: Theme.spacingXXS
         Text {
             objectName: "toggleTitle"
             Layout.fillWidth: true
@@ -38,15 +42,11 @@ RowLayout {
         }
     }
 
-    ToggleSwitch {
+    Toggle {
         objectName: "toggle"
         Layout.alignment: Qt.AlignVCenter
-        checked: row.checked
-        onToggled: {
-            row.toggled(checked)
-            // The switch shows the setting, not its own click: bind it back, so a change
-            // the setting refused springs back.
-            checked = Qt.binding(() => row.checked)
-        }
+        value: row.checked
+        Accessible.name: row.title
+        onUserToggled: on => row.toggled(on)
     }
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -49,7 +52,7 @@ SettingsContainer {
 
             RowLayout {
                 Layout.fillWidth: true
-                spacing: 12
+                spacing: Theme.spacingL
 
                 Text {
                     Layout.fillWidth: true
@@ -57,9 +60,9 @@ SettingsContainer {
                     font: Theme.body
                     color: Theme.primaryText
                 }
-                MenuPicker {
+                Picker {
                     objectName: "frequencyPicker"
-                    Layout.preferredWidth: 120
+                    Layout.preferredWidth: Theme.narrowControlWidth
                     choices: page.intervals
                     value: Updater.updateCheckInterval
                     onPicked: seconds => Updater.updateCheckInterval = seconds

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -11,7 +14,7 @@ RowLayout {
     property bool emphasized: false
 
     Layout.fillWidth: true
-    spacing: 12
+    spacing: Theme.spacingL
 
     Text {
         Layout.fillWidth: true

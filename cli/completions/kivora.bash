@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # bash completion for kivora
 _kivora_profiles()
 {

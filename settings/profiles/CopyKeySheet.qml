@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
@@ -16,7 +19,7 @@ Rectangle {
     }
 
     implicitWidth: 400
-    implicitHeight: layout.implicitHeight + 56
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingSheet
     color: Theme.windowBackground
 
     ColumnLayout {
@@ -24,14 +27,14 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 28
-        spacing: 12
+        anchors.margins: Theme.spacingSheet
+        spacing: Theme.spacingL
 
         SymbolIcon {
             Layout.alignment: Qt.AlignHCenter
             name: "checkmark.circle.fill"
             color: Theme.green
-            size: 50
+            size: Theme.successSymbolSize
         }
         Text {
             objectName: "sheetTitle"
@@ -50,9 +53,9 @@ Rectangle {
 
         Rectangle {
             Layout.fillWidth: true
-            Layout.topMargin: 4
-            implicitHeight: box.implicitHeight + 24
-            radius: 10
+            Layout.topMargin: Theme.spacingXS
+            implicitHeight: box.implicitHeight + 2 * Theme.spacingL
+            radius: Theme.largeRadius
             color: Theme.cardBackground
             border.width: 1
             border.color: Theme.cardBorder
@@ -62,8 +65,8 @@ Rectangle {
                 anchors.left: parent.left
                 anchors.right: parent.right
                 anchors.top: parent.top
-                anchors.margins: 12
-                spacing: 10
+                anchors.margins: Theme.spacingL
+                spacing: Theme.spacingML
 
                 Text {
                     objectName: "instructionText"
@@ -74,7 +77,7 @@ Rectangle {
                     horizontalAlignment: Text.AlignHCenter
                     wrapMode: Text.Wrap
                 }
-                SheetButton {
+                PushButton {
                     objectName: "openKeySettingsButton"
                     Layout.alignment: Qt.AlignHCenter
                     text: "Open GitHub SSH Keys"
@@ -84,10 +87,10 @@ Rectangle {
             }
         }
 
-        SheetButton {
+        PushButton {
             objectName: "doneButton"
             Layout.alignment: Qt.AlignHCenter
-            Layout.topMargin: 4
+            Layout.topMargin: Theme.spacingXS
             text: "Done"
             prominent: true
             onClicked: sheet.done()

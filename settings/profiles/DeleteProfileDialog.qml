@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Templates as T
@@ -34,8 +37,8 @@ Popup {
     modal: true
     dim: true
     focus: true
-    padding: 20
-    topPadding: 22
+    padding: Theme.spacingSection
+    topPadding: Theme.spacingSection + Theme.spacingXXS
     closePolicy: Popup.CloseOnEscape
 
     T.Overlay.modal: Rectangle {
@@ -43,25 +46,25 @@ Popup {
     }
 
     background: Rectangle {
-        radius: 12
+        radius: Theme.cardRadius
         color: Theme.popoverBackground
         border.width: 1
         border.color: Theme.border
     }
 
     contentItem: ColumnLayout {
-        spacing: 8
+        spacing: Theme.spacingM
 
         SymbolIcon {
             Layout.alignment: Qt.AlignHCenter
             name: "trash"
             color: Theme.red
-            size: 30
+            size: Theme.dialogSymbolSize
         }
         Text {
             objectName: "dialogTitle"
             Layout.fillWidth: true
-            Layout.topMargin: 4
+            Layout.topMargin: Theme.spacingXS
             text: "Delete Profile"
             font: Theme.headline
             color: Theme.primaryText
@@ -80,10 +83,10 @@ Popup {
         ColumnLayout {
             objectName: "dialogButtons"
             Layout.fillWidth: true
-            Layout.topMargin: 12
-            spacing: 8
+            Layout.topMargin: Theme.spacingL
+            spacing: Theme.spacingM
 
-            SheetButton {
+            PushButton {
                 objectName: "deleteButton"
                 visible: !dialog.hasKey
                 Layout.fillWidth: true
@@ -91,14 +94,14 @@ Popup {
                 destructive: true
                 onClicked: dialog.choose(false)
             }
-            SheetButton {
+            PushButton {
                 objectName: "deleteProfileOnlyButton"
                 visible: dialog.hasKey
                 Layout.fillWidth: true
                 text: "Delete Profile Only"
                 onClicked: dialog.choose(false)
             }
-            SheetButton {
+            PushButton {
                 objectName: "deleteProfileAndKeyButton"
                 visible: dialog.hasKey
                 Layout.fillWidth: true
@@ -106,7 +109,7 @@ Popup {
                 destructive: true
                 onClicked: dialog.choose(true)
             }
-            SheetButton {
+            PushButton {
                 objectName: "cancelButton"
                 Layout.fillWidth: true
                 text: "Cancel"

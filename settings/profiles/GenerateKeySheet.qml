@@ -1,23 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
 
 // The small form for a new SSH key: its file name in ~/.ssh (empty for "id_ed25519") and an
-// optional passphrase. The values belong to the editor; "Generate" is never disabled.
+// optional passphrase. The values are the editor's (`form`); "Generate" is never disabled.
+// Cancel keeps what was typed until the next generation empties it; a generation that makes
+// no key keeps the form open with the reason.
 Rectangle {
     id: sheet
 
-    property string keyFilename: ""
-    property bool usePassphrase: false
-    property string passphrase: ""
-    // Why the last attempt made no key (empty before one fails).
-    property string error: ""
+    required property ProfileEditor form
 
-    signal generate()
-    signal cancel()
+    function generate() {
+        if (sheet.form.generateSSHKey()) {
+            sheet.form.showGenerateKeySheet = false
+        }
+    }
+
+    function cancel() {
+        sheet.form.showGenerateKeySheet = false
+    }
 
     implicitWidth: 400
-    implicitHeight: layout.implicitHeight + 48
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingPage
     color: Theme.windowBackground
 
     Component.onCompleted: fileNameField.forceActiveFocus()
@@ -27,8 +35,8 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 24
-        spacing: 14
+        anchors.margins: Theme.spacingPage
+        spacing: Theme.spacingXL
 
         Text {
             objectName: "sheetTitle"
@@ -37,41 +45,38 @@ Rectangle {
             color: Theme.primaryText
         }
 
-        SheetTextField {
+        TextInputField {
             id: fileNameField
             objectName: "keyFilenameField"
             Layout.fillWidth: true
             placeholderText: "Filename (leave blank for id_ed25519)"
-            text: sheet.keyFilename
-            onTextEdited: sheet.keyFilename = text
+            text: sheet.form.keyFilename
+            onTextEdited: sheet.form.keyFilename = text
         }
 
-        SheetSwitch {
+        Toggle {
             objectName: "passphraseSwitch"
             Layout.fillWidth: true
             text: "Protect with passphrase"
-            checked: sheet.usePassphrase
-            onToggled: {
-                sheet.usePassphrase = checked
-                checked = Qt.binding(() => sheet.usePassphrase)
-            }
+            value: sheet.form.usePassphrase
+            onUserToggled: on => sheet.form.usePassphrase = on
         }
 
-        SheetTextField {
+        TextInputField {
             objectName: "passphraseField"
-            visible: sheet.usePassphrase
+            visible: sheet.form.usePassphrase
             Layout.fillWidth: true
             secure: true
             placeholderText: "Passphrase"
-            text: sheet.passphrase
-            onTextEdited: sheet.passphrase = text
+            text: sheet.form.passphrase
+            onTextEdited: sheet.form.passphrase = text
         }
 
         Text {
             objectName: "generateError"
             Layout.fillWidth: true
-            visible: sheet.error.length > 0
-            text: sheet.error
+            visible: sheet.form.generationError.length > 0
+            text: sheet.form.generationError
             font: Theme.subheadline
             color: Theme.red
             wrapMode: Text.Wrap
@@ -79,15 +84,15 @@ Rectangle {
 
         RowLayout {
             Layout.fillWidth: true
-            Layout.topMargin: 6
-            spacing: 8
+            Layout.topMargin: Theme.spacingS
+            spacing: Theme.spacingM
             Item { Layout.fillWidth: true }
-            SheetButton {
+            PushButton {
                 objectName: "cancelButton"
                 text: "Cancel"
                 onClicked: sheet.cancel()
             }
-            SheetButton {
+            PushButton {
                 objectName: "generateButton"
                 text: "Generate"
                 prominent: true

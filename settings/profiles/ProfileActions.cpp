@@ -1,34 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/ProfileActions.h"
 
-#include "activation/KeyFileRemoval.h"
-#include "activation/ProfileEdits.h"
 #include "model/Sentence.h"
+#include "settings/profiles/ScannedKey.h"
 
-#include <QVariantMap>
-
-ProfileActions::ProfileActions(QObject* parent) : QObject(parent) {}
-
-void ProfileActions::setManager(ProfileManager* manager)
+ProfileActions::ProfileActions(ProfileManager& manager, QObject* parent)
+    : QObject(parent), m_manager(manager)
 {
-    if (m_manager == manager) {
-        return;
-    }
-    m_manager = manager;
-    emit managerChanged();
-}
-
-const GitProfile& ProfileActions::newProfileTemplate()
-{
-    static const GitProfile profileTemplate = GitProfile::empty();
-    return profileTemplate;
-}
-
-GitProfile ProfileActions::profileAt(int index) const
-{
-    if (!m_manager || index < 0 || index >= m_manager->profiles().size()) {
-        return GitProfile();
-    }
-    return m_manager->profiles().at(index);
 }
 
 void ProfileActions::setError(const QString& phrase)
@@ -40,34 +20,36 @@ void ProfileActions::setError(const QString& phrase)
     }
 }
 
+const GitProfile& ProfileActions::newProfileTemplate()
+{
+    static const GitProfile profileTemplate = GitProfile::empty();
+    return profileTemplate;
+}
+
+GitProfile ProfileActions::profileAt(int index) const
+{
+    return index >= 0 && index < m_manager.profiles().size() ? m_manager.profiles().at(index)
+                                                             : GitProfile();
+}
+
 bool ProfileActions::activate(const GitProfile& profile)
 {
-    if (!m_manager) {
-        return false;
-    }
     QString why;
-    const bool applied = m_manager->applyGlobally(profile, &why);
+    const bool applied = m_manager.applyGlobally(profile, &why);
     setError(why);
     return applied;
 }
 
 QString ProfileActions::deleteProfile(const GitProfile& profile, bool deleteSSHKey)
 {
-    if (!m_manager) {
-        return {};
-    }
-    const auto deletion = ProfileEdits::deleteProfile(*m_manager, profile, deleteSSHKey);
-    setError(deletion.error);
-    return deletion.refused.join(u' ');
+    const auto removal = m_manager.removeProfile(profile, deleteSSHKey);
+    setError(removal.error);
+    return removal.refusedKeyFiles.join(u' ');
 }
 
 QString ProfileActions::keySharedWith(const GitProfile& profile) const
 {
-    if (!m_manager) {
-        return {};
-    }
-    QStringList names =
-        KeyFileRemoval::otherUsers(m_manager->profiles(), profile, m_manager->home());
+    QStringList names = KeyFileRemoval::otherUsers(m_manager.profiles(), profile, m_manager.home());
     for (QString& name : names) {
         name = u'"' + name + u'"';
     }
@@ -80,40 +62,37 @@ QString ProfileActions::keySharedWith(const GitProfile& profile) const
 
 bool ProfileActions::addProfile(const GitProfile& profile)
 {
-    if (!m_manager) {
-        return false;
-    }
     QString why;
-    const bool saved = ProfileEdits::appendProfile(*m_manager, profile, &why);
+    const bool saved = m_manager.appendProfile(profile, &why);
     setError(why);
     return saved;
 }
 
 bool ProfileActions::updateProfile(const GitProfile& profile)
 {
-    if (!m_manager) {
-        return false;
-    }
     QString why;
-    const auto outcome = ProfileEdits::replaceProfile(*m_manager, profile, &why);
+    const auto outcome = m_manager.updateProfile(profile, &why);
     setError(why);
-    return outcome == ProfileEdits::Replaced::Saved;
+    return outcome == ProfileManager::Update::Saved;
 }
 
 bool ProfileActions::addScannedKeys(const QVariantList& entries)
 {
-    if (!m_manager || entries.isEmpty()) {
+    if (entries.isEmpty()) {
         return false;
     }
-    QList<ProfileEdits::ScannedKey> keys;
+    QList<GitProfile> sources;
     for (const QVariant& entry : entries) {
-        const QVariantMap fields = entry.toMap();
-        keys.append({fields.value(QStringLiteral("keyName")).toString(),
-                     fields.value(QStringLiteral("name")).toString(),
-                     fields.value(QStringLiteral("email")).toString()});
+        const auto key = entry.value<ScannedKey>();
+        GitProfile source;
+        source.name = key.keyName;
+        source.gitName = key.name;
+        source.gitEmail = key.email;
+        source.sshKeyPath = QStringLiteral("~/.ssh/") + key.keyName;
+        sources.append(source);
     }
     QString why;
-    const bool saved = ProfileEdits::addScannedKeys(*m_manager, keys, &why);
+    const bool saved = m_manager.addProfiles(sources, &why).has_value();
     setError(why);
     return saved;
 }

@@ -1,29 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/ProfileManager.h"
 #include "model/GitProfile.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QVariantList>
-#include <QtQml/qqmlregistration.h>
 
 // What the profiles page does to the profile list: activate, delete (with or without the key
 // files), add the profile a new-profile editor returns, put an edited profile back in place,
 // and turn the entries of a key scan into profiles. Every change is saved.
 class ProfileActions : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
     // Why the last action failed (git or the profile file could not be written), as one
     // sentence; empty after one that worked.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
-    explicit ProfileActions(QObject* parent = nullptr);
+    explicit ProfileActions(ProfileManager& manager, QObject* parent = nullptr);
 
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
     QString error() const { return m_error; }
 
     // The profile a new-profile editor starts from. It is made once per run of the program,
@@ -51,17 +48,17 @@ public:
     // Replaces the first profile with the same id in place. False, and nothing saved, when
     // the id is no longer in the list or the file could not be written.
     Q_INVOKABLE bool updateProfile(const GitProfile& profile);
-    // One new profile per entry ({keyName, name, email}), in order; an empty list does nothing.
-    // False when they could not be saved.
+    // One new profile per entry of a key scan (scannedKey values), in order, named after the
+    // key file, with the key at "~/.ssh/<key>", all saved at once; an empty list does
+    // nothing. False when they could not be saved.
     Q_INVOKABLE bool addScannedKeys(const QVariantList& entries);
 
 signals:
-    void managerChanged();
     void errorChanged();
 
 private:
     void setError(const QString& phrase);
 
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
     QString m_error;
 };

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Dialogs
@@ -5,26 +8,20 @@ import QtCore
 import Kivora
 
 // The profile editor's last section, "Used Automatically In": the folders and remote patterns
-// in whose repositories git uses this profile whatever the active one is. Changes are kept
-// here until commit(), which the editor calls after the profile itself was saved.
+// in whose repositories git uses this profile whatever the active one is. The editor's rule
+// list keeps the changes until the editor saves, after the profile itself.
 SettingsSection {
     id: section
 
-    // The id of the profile edited.
-    property string profileId: ""
-    property alias ruleList: ruleList
+    required property ProfileRuleList ruleList
     property string remoteText: ""
 
     title: "Used Automatically In"
     description: "Repositories in these folders, or with a remote matching these patterns, "
                  + "use this profile. Later rules win."
 
-    function commit(): bool {
-        return ruleList.commit()
-    }
-
     function addRemote() {
-        if (ruleList.addRemote(section.remoteText)) {
+        if (section.ruleList.addRemote(section.remoteText)) {
             section.remoteText = ""
         }
     }
@@ -34,13 +31,6 @@ SettingsSection {
         dialog.open()
     }
 
-    ProfileRuleList {
-        id: ruleList
-        staged: true
-        manager: ProfileManager
-        profileId: section.profileId
-    }
-
     // The desktop's folder chooser, made when asked for.
     Component {
         id: folderDialog
@@ -48,7 +38,7 @@ SettingsSection {
             title: "Choose a Folder"
             currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
             onAccepted: {
-                ruleList.addFolder(selectedFolder)
+                section.ruleList.addFolder(selectedFolder)
                 destroy()
             }
             onRejected: destroy()
@@ -58,7 +48,7 @@ SettingsSection {
     SettingsCard {
         Text {
             objectName: "noRulesText"
-            visible: ruleList.rules.length === 0
+            visible: section.ruleList.rules.length === 0
             Layout.fillWidth: true
             text: "Only when it is the active profile."
             font: Theme.subheadline
@@ -66,18 +56,18 @@ SettingsSection {
         }
 
         Repeater {
-            model: ruleList.rules
+            model: section.ruleList.rules
             delegate: RowLayout {
                 id: ruleRow
                 required property var modelData
                 required property int index
                 objectName: "ruleRow" + index
                 Layout.fillWidth: true
-                spacing: 8
+                spacing: Theme.spacingM
                 SymbolIcon {
                     name: ruleRow.modelData.kind === "dir" ? "folder" : "globe"
                     color: Theme.secondaryText
-                    size: 14
+                    size: Theme.symbolL
                 }
                 Text {
                     objectName: "ruleText"
@@ -87,21 +77,24 @@ SettingsSection {
                     color: Theme.primaryText
                     elide: Text.ElideMiddle
                 }
-                RowActionButton {
+                SymbolButton {
                     objectName: "removeRuleButton"
+                    size: Theme.rowButtonSize
+                    radius: Theme.rowRadius
                     symbol: "trash"
                     foreground: Theme.red
-                    fill: Qt.rgba(Theme.red.r, Theme.red.g, Theme.red.b, 0.12)
+                    fill: Theme.faded(Theme.red, 0.12)
+                    fillOpacity: 0.6
                     tooltip: "Remove"
-                    onClicked: ruleList.removeAt(ruleRow.index)
+                    onClicked: section.ruleList.removeAt(ruleRow.index)
                 }
             }
         }
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 8
-            SheetTextField {
+            spacing: Theme.spacingM
+            TextInputField {
                 objectName: "remotePatternField"
                 Layout.fillWidth: true
                 placeholderText: "e.g., git@github.com:acme/**"
@@ -109,7 +102,7 @@ SettingsSection {
                 onTextEdited: section.remoteText = text
                 onAccepted: section.addRemote()
             }
-            SheetButton {
+            PushButton {
                 objectName: "addRemoteButton"
                 text: "Add Remote"
                 symbol: "globe"
@@ -120,8 +113,8 @@ SettingsSection {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 8
-            SheetButton {
+            spacing: Theme.spacingM
+            PushButton {
                 objectName: "addFolderButton"
                 text: "Add Folder…"
                 symbol: "folder"
@@ -129,9 +122,9 @@ SettingsSection {
             }
             Text {
                 objectName: "rulesErrorText"
-                visible: ruleList.errorText.length > 0
+                visible: section.ruleList.errorText.length > 0
                 Layout.fillWidth: true
-                text: ruleList.errorText
+                text: section.ruleList.errorText
                 font: Theme.subheadline
                 color: Theme.red
                 wrapMode: Text.Wrap

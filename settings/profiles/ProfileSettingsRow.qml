@@ -1,10 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Kivora
 
 // One profile on the profiles page: the active mark, the name and identity (a click
-// activates), and under the pointer the edit and delete buttons. Deleting asks first.
+// activates), the folders and remotes that use it, and under the pointer the edit and delete
+// buttons. Deleting asks first.
 Item {
     id: row
 
@@ -15,7 +19,6 @@ Item {
     property bool showDeleteConfirmation: false
 
     readonly property string profileName: profile ? profile.name : ""
-    readonly property string identity: profile ? profile.gitName + " · " + profile.gitEmail : ""
     readonly property bool hasKey: profile ? profile.sshKeyPath.length > 0 : false
     // The other profiles using the same key file, joined for a sentence; empty when none.
     property string keySharedWith
@@ -25,8 +28,8 @@ Item {
     // Confirmed in the dialog; `deleteSSHKey` tells whether the key files go as well.
     signal deleteRequested(bool deleteSSHKey)
 
-    implicitHeight: layout.implicitHeight + 20
-    implicitWidth: layout.implicitWidth + 24
+    implicitHeight: layout.implicitHeight + 2 * Theme.spacingML
+    implicitWidth: layout.implicitWidth + 2 * Theme.spacingL
 
     onShowDeleteConfirmationChanged: {
         if (showDeleteConfirmation) {
@@ -36,7 +39,7 @@ Item {
         }
     }
 
-    // The profile's rules, shown under its identity line.
+    // The profile's rules, shown under its identity line and read again when they change.
     ProfileRuleList {
         id: rowRules
         manager: ProfileManager
@@ -46,7 +49,7 @@ Item {
     Rectangle {
         objectName: "rowBackground"
         anchors.fill: parent
-        radius: 8
+        radius: Theme.cornerRadius
         color: Theme.cardBackground
         border.width: 1
         border.color: Theme.cardBorder
@@ -59,94 +62,57 @@ Item {
     RowLayout {
         id: layout
         anchors.fill: parent
-        anchors.leftMargin: 12
-        anchors.rightMargin: 12
-        anchors.topMargin: 10
-        anchors.bottomMargin: 10
-        spacing: 12
+        anchors.leftMargin: Theme.spacingL
+        anchors.rightMargin: Theme.spacingL
+        anchors.topMargin: Theme.spacingML
+        anchors.bottomMargin: Theme.spacingML
+        spacing: Theme.spacingL
 
         AbstractButton {
             id: activateButton
             objectName: "activateButton"
             Accessible.name: row.profileName
-            Accessible.description: row.identity
+            Accessible.description: row.profile ? row.profile.gitName + " · " + row.profile.gitEmail : ""
             Accessible.onPressAction: activateButton.clicked()
             Layout.fillWidth: true
             // The row's own hover handler tracks the pointer, wherever it comes in.
             hoverEnabled: false
             implicitHeight: contentItem.implicitHeight
+            text: row.profileName
             onClicked: row.activateRequested()
 
-            contentItem: RowLayout {
-                spacing: 12
+            contentItem: ProfileIdentity {
+                spacing: Theme.spacingL
+                profileName: row.profileName
+                identityLine: row.profile ? row.profile.gitName + " · " + row.profile.gitEmail : ""
+                active: row.isActive
+                nameFont: Theme.settingsRowTitle
 
-                Rectangle {
-                    objectName: "activeMark"
-                    implicitWidth: 8
-                    implicitHeight: 8
-                    radius: 4
-                    color: row.isActive ? Theme.green : "transparent"
-                    border.width: 2
-                    border.color: row.isActive ? Theme.green : Theme.secondaryText
-                    Behavior on color { ColorAnimation { duration: Theme.statusDuration } }
-                }
-
-                ColumnLayout {
+                Text {
+                    objectName: "rulesText"
+                    visible: rowRules.summary.length > 0
                     Layout.fillWidth: true
-                    spacing: 2
-                    Text {
-                        objectName: "nameText"
-                        Layout.fillWidth: true
-                        text: row.profileName
-                        font: Qt.font({ family: Theme.systemFont.family, pixelSize: 14,
-                                        weight: Font.Medium })
-                        color: Theme.primaryText
-                        elide: Text.ElideRight
-                    }
-                    Text {
-                        objectName: "identityText"
-                        Layout.fillWidth: true
-                        text: row.identity
-                        font: Theme.subheadline
-                        color: Theme.secondaryText
-                        elide: Text.ElideRight
-                    }
-                    Text {
-                        objectName: "rulesText"
-                        visible: rowRules.summary.length > 0
-                        Layout.fillWidth: true
-                        text: rowRules.summary
-                        font: Theme.caption
-                        color: Theme.tertiaryText
-                        elide: Text.ElideRight
-                    }
+                    text: rowRules.summary
+                    font: Theme.caption
+                    color: Theme.tertiaryText
+                    elide: Text.ElideRight
                 }
             }
             background: Item {}
         }
 
-        Row {
-            objectName: "hoverActions"
-            spacing: 6
-            opacity: row.isHovered ? 1 : 0
-            visible: opacity > 0
-            Behavior on opacity { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
-
-            RowActionButton {
-                objectName: "editButton"
-                symbol: "pencil"
-                foreground: Theme.secondaryText
-                fill: Theme.quaternaryText
-                tooltip: "Edit profile"
-                onClicked: row.editRequested()
-            }
-            RowActionButton {
-                objectName: "deleteButton"
-                symbol: "trash"
-                foreground: Theme.red
-                fill: Qt.rgba(Theme.red.r, Theme.red.g, Theme.red.b, 0.12)
-                tooltip: "Delete profile"
-                onClicked: row.showDeleteConfirmation = true
+        HoverActions {
+            large: true
+            shown: row.isHovered
+            actions: [
+                { name: "edit", symbol: "pencil", tooltip: "Edit profile" },
+                { name: "delete", symbol: "trash", tooltip: "Delete profile", destructive: true }
+            ]
+            onTriggered: name => {
+                if (name === "edit")
+                    row.editRequested()
+                else
+                    row.showDeleteConfirmation = true
             }
         }
     }

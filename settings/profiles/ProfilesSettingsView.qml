@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Window
@@ -17,10 +20,8 @@ SettingsContainer {
     property bool showScanSheet: false
     // Why key files were kept at the last deletion (empty when nothing was refused).
     property string keyDeletionMessage
-    // Why the open editor's profile could not be saved (empty until a save fails).
-    property string editorError
 
-    readonly property int profileCount: profileModel.count
+    readonly property int profileCount: Profiles.count
     readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
 
     // The open sheets, for whoever needs to reach them (null when closed).
@@ -34,42 +35,32 @@ SettingsContainer {
     icon: "person.2.fill"
 
     function activate(profile: var) {
-        actions.activate(profile)
+        ProfileActions.activate(profile)
     }
 
     function deleteProfile(profile: var, deleteSSHKey: bool) {
-        page.keyDeletionMessage = actions.deleteProfile(profile, deleteSSHKey)
+        page.keyDeletionMessage = ProfileActions.deleteProfile(profile, deleteSSHKey)
     }
 
     // What the editor returns: a new profile is appended as it is, an edited one replaces the
-    // profile with its id (nothing happens when that profile is gone).
-    function saveEditedProfile(profile: var) {
+    // profile with its id (nothing happens when that profile is gone). Returns why it could
+    // not be stored, or an empty text; the editor then stays open with the reason.
+    function saveEditedProfile(profile: var): string {
         if (page.isAddingProfile) {
-            actions.addProfile(profile)
+            ProfileActions.addProfile(profile)
         } else {
-            actions.updateProfile(profile)
+            ProfileActions.updateProfile(profile)
         }
-        page.editorError = actions.error
+        return ProfileActions.error
     }
 
     function closeEditor() {
         page.isAddingProfile = false
         page.editingProfile = null
-        page.editorError = ""
     }
 
     function addScannedKeys(entries: var) {
-        actions.addScannedKeys(entries)
-    }
-
-    ProfileListModel {
-        id: profileModel
-        manager: ProfileManager
-    }
-
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
+        ProfileActions.addScannedKeys(entries)
     }
 
     Instantiator {
@@ -83,9 +74,8 @@ SettingsContainer {
             ProfileEditorSheet {
                 id: editor
                 objectName: "profileEditorSheet"
-                profile: page.isAddingProfile ? actions.profileTemplate() : page.editingProfile
-                saveError: page.editorError
-                onSaved: profile => page.saveEditedProfile(profile)
+                profile: page.isAddingProfile ? ProfileActions.profileTemplate() : page.editingProfile
+                onSaved: profile => editor.form.saveError = page.saveEditedProfile(profile)
                 onDismissed: page.closeEditor()
             }
         }
@@ -97,9 +87,11 @@ SettingsContainer {
         delegate: SheetWindow {
             title: "Scan SSH Keys"
             owner: page.Window.window
-            onDismissRequested: page.showScanSheet = false
+            // Escape or the window's close button: what that means depends on the step.
+            onDismissRequested: keyScanSheet.cancel()
 
             ScanSSHKeysSheet {
+                id: keyScanSheet
                 objectName: "scanSSHKeysSheet"
                 onScanned: entries => page.addScannedKeys(entries)
                 onDismissed: page.showScanSheet = false
@@ -111,14 +103,14 @@ SettingsContainer {
         id: profileListSection
         objectName: "profileListSection"
         Layout.fillWidth: true
-        spacing: 16
+        spacing: Theme.spacingXXL
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 10
+            spacing: Theme.spacingML
 
             ColumnLayout {
-                spacing: 2
+                spacing: Theme.spacingXXS
                 Text {
                     text: "Your Profiles"
                     font: Theme.headline
@@ -134,13 +126,13 @@ SettingsContainer {
 
             Item { Layout.fillWidth: true }
 
-            SheetButton {
+            PushButton {
                 objectName: "scanButton"
                 text: "Scan SSH Keys"
                 symbol: "magnifyingglass"
                 onClicked: page.showScanSheet = true
             }
-            SheetButton {
+            PushButton {
                 objectName: "addButton"
                 text: "Add Profile"
                 symbol: "plus"
@@ -151,8 +143,8 @@ SettingsContainer {
         Text {
             objectName: "actionError"
             Layout.fillWidth: true
-            visible: actions.error.length > 0
-            text: actions.error
+            visible: ProfileActions.error.length > 0
+            text: ProfileActions.error
             font: Theme.subheadline
             color: Theme.red
             wrapMode: Text.WordWrap
@@ -173,15 +165,15 @@ SettingsContainer {
             objectName: "emptyState"
             visible: page.profileCount === 0
             Layout.fillWidth: true
-            Layout.topMargin: 48
-            spacing: 8
+            Layout.topMargin: 2 * Theme.spacingPage
+            spacing: Theme.spacingM
 
             SymbolIcon {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.bottomMargin: 4
+                Layout.bottomMargin: Theme.spacingXS
                 name: "person.2"
                 color: Theme.secondaryText
-                size: 44
+                size: Theme.largeTitleSymbolSize
             }
             Text {
                 Layout.fillWidth: true
@@ -204,21 +196,21 @@ SettingsContainer {
             objectName: "profileList"
             visible: page.profileCount > 0
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.spacingM
 
             Repeater {
-                model: profileModel
+                model: Profiles
                 delegate: ProfileSettingsRow {
                     required property int index
                     required isActive
+                    required profile
 
                     objectName: "profileRow:" + index
                     width: profileList.width
-                    profile: actions.profileAt(index)
                     // Read again whenever the list changes: another profile may take the key.
                     keySharedWith: {
                         ProfileManager.profiles
-                        return actions.keySharedWith(profile)
+                        return ProfileActions.keySharedWith(profile)
                     }
                     onActivateRequested: page.activate(profile)
                     onEditRequested: page.editingProfile = profile

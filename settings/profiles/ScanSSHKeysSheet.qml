@@ -1,75 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Layouts
 import Kivora
 
 // Walks the user through the key pairs in ~/.ssh, one at a time, asking for the git name and
 // e-mail to use with each, and hands the collected entries to `scanned` when the user is done.
-// It creates nothing itself; Cancel drops everything collected.
+// It creates nothing itself; Cancel drops everything collected. The walk is the session's.
 Rectangle {
     id: sheet
 
-    // Each entry: { keyName, name, email }.
+    readonly property KeyScanSession session: keyScan
+
+    // The collected entries, each a scannedKey.
     signal scanned(var entries)
     signal dismissed()
 
-    property var keys: []
-    property int currentIndex: 0
-    property string gitName: ""
-    property string gitEmail: ""
-    property var profiles: []
-    property bool isScanning: true
-
-    readonly property bool isAsking: !isScanning && currentIndex < keys.length
-    readonly property string currentKey: isAsking ? keys[currentIndex] : ""
-    readonly property string createdText: profiles.length + " profile"
-                                          + (profiles.length === 1 ? "" : "s") + " created"
-
-    function scanKeys() {
-        sheet.keys = keyScan.scanKeys()
-        sheet.isScanning = false
-    }
-
-    function nextKey() {
-        sheet.gitName = ""
-        sheet.gitEmail = ""
-        sheet.currentIndex += 1
-    }
-
-    function addCurrentKey() {
-        sheet.profiles = sheet.profiles.concat([{ keyName: sheet.currentKey,
-                                                  name: sheet.gitName,
-                                                  email: sheet.gitEmail }])
-        sheet.nextKey()
-    }
-
+    // What Escape and closing the window mean: Cancel while keys are asked about, Done once
+    // the import is complete (the entries the last step reports are handed over).
     function cancel() {
-        sheet.dismissed()
+        if (keyScan.isComplete) {
+            sheet.done()
+        } else {
+            sheet.dismissed()
+        }
     }
 
     function done() {
-        sheet.scanned(sheet.profiles)
+        sheet.scanned(keyScan.profiles)
         sheet.dismissed()
     }
 
     implicitWidth: 450
-    implicitHeight: layout.implicitHeight + 60
+    implicitHeight: layout.implicitHeight + 2 * Theme.scanSheetPadding
     color: Theme.windowBackground
 
     // The spinner gets a frame before the folder is read.
     Component.onCompleted: scanStart.start()
 
-    onCurrentKeyChanged: {
-        if (sheet.isAsking) {
-            gitNameField.forceActiveFocus()
+    KeyScanSession {
+        id: keyScan
+        onStepChanged: {
+            if (keyScan.isAsking) {
+                gitNameField.forceActiveFocus()
+            }
         }
     }
-
-    SSHKeyScan { id: keyScan }
 
     Timer {
         id: scanStart
         interval: 0
-        onTriggered: sheet.scanKeys()
+        onTriggered: keyScan.scan()
     }
 
     ColumnLayout {
@@ -77,19 +59,19 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 30
-        spacing: 20
+        anchors.margins: Theme.scanSheetPadding
+        spacing: Theme.spacingSection
 
         // Scanning
-        SheetSpinner {
+        Spinner {
             objectName: "scanningSpinner"
-            visible: sheet.isScanning
+            visible: keyScan.isScanning
             Layout.alignment: Qt.AlignHCenter
-            size: 22
+            size: Theme.symbolXXL
         }
         Text {
             objectName: "scanningText"
-            visible: sheet.isScanning
+            visible: keyScan.isScanning
             Layout.alignment: Qt.AlignHCenter
             text: "Scanning ~/.ssh folder..."
             font: Theme.subheadline
@@ -99,82 +81,82 @@ Rectangle {
         // One key
         ColumnLayout {
             objectName: "keyStep"
-            visible: sheet.isAsking
+            visible: keyScan.isAsking
             Layout.fillWidth: true
-            spacing: 4
+            spacing: Theme.spacingXS
             Text {
                 objectName: "stepText"
-                text: "SSH Key " + (sheet.currentIndex + 1) + " of " + sheet.keys.length
+                text: "SSH Key " + (keyScan.currentIndex + 1) + " of " + keyScan.keys.length
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 objectName: "keyText"
                 Layout.fillWidth: true
-                text: "Key: " + sheet.currentKey
+                text: "Key: " + keyScan.currentKey
                 font: Theme.subheadline
                 color: Theme.secondaryText
                 elide: Text.ElideMiddle
             }
         }
         ColumnLayout {
-            visible: sheet.isAsking
+            visible: keyScan.isAsking
             Layout.fillWidth: true
-            spacing: 10
-            SheetTextField {
+            spacing: Theme.spacingML
+            TextInputField {
                 id: gitNameField
                 objectName: "gitNameField"
                 Layout.fillWidth: true
                 placeholderText: "Git Name"
-                text: sheet.gitName
-                onTextEdited: sheet.gitName = text
+                text: keyScan.gitName
+                onTextEdited: keyScan.gitName = text
             }
-            SheetTextField {
+            TextInputField {
                 objectName: "gitEmailField"
                 Layout.fillWidth: true
                 placeholderText: "Git Email"
-                text: sheet.gitEmail
-                onTextEdited: sheet.gitEmail = text
+                text: keyScan.gitEmail
+                onTextEdited: keyScan.gitEmail = text
             }
         }
         RowLayout {
-            visible: sheet.isAsking
+            visible: keyScan.isAsking
             Layout.fillWidth: true
-            spacing: 8
-            SheetButton {
+            spacing: Theme.spacingM
+            PushButton {
                 objectName: "cancelButton"
                 text: "Cancel"
-                onClicked: sheet.cancel()
+                onClicked: sheet.dismissed()
             }
             Item { Layout.fillWidth: true }
-            SheetButton {
+            PushButton {
                 objectName: "skipButton"
                 text: "Skip"
-                onClicked: sheet.nextKey()
+                onClicked: keyScan.nextKey()
             }
-            SheetButton {
+            PushButton {
                 objectName: "addButton"
                 text: "Add"
                 prominent: true
-                onClicked: sheet.addCurrentKey()
+                onClicked: keyScan.addCurrentKey()
             }
         }
 
         // Done
         ColumnLayout {
             objectName: "completionStep"
-            visible: !sheet.isScanning && !sheet.isAsking
+            visible: keyScan.isComplete
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.spacingM
             SymbolIcon {
                 Layout.alignment: Qt.AlignHCenter
                 name: "checkmark.circle.fill"
                 color: Theme.green
-                size: 40
+                size: Theme.headerIconSize
             }
             Text {
                 Layout.fillWidth: true
-                Layout.topMargin: 4
+                Layout.topMargin: Theme.spacingXS
                 horizontalAlignment: Text.AlignHCenter
                 text: "Import Complete"
                 font: Theme.headline
@@ -184,14 +166,14 @@ Rectangle {
                 objectName: "createdText"
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
-                text: sheet.createdText
+                text: keyScan.createdText
                 font: Theme.subheadline
                 color: Theme.secondaryText
             }
-            SheetButton {
+            PushButton {
                 objectName: "doneButton"
                 Layout.alignment: Qt.AlignHCenter
-                Layout.topMargin: 12
+                Layout.topMargin: Theme.spacingL
                 text: "Done"
                 prominent: true
                 onClicked: sheet.done()

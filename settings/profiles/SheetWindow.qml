@@ -1,9 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtQuick.Window
 import Kivora
 
-// A modal dialog window over another window, as big as the sheet it holds and centred on its
-// owner. Closing it from the window manager or with Escape asks the owner to dismiss it.
+// A modal dialog window over another window, centred on its owner and as big as the sheet it
+// holds, but never taller than the owner less a margin: a taller sheet scrolls inside. Closing it from the
+// window manager or with Escape asks the owner to dismiss it; what that means is the sheet's
+// own (the key scan's last step takes it as "Done").
 Window {
     id: sheetWindow
 
@@ -21,7 +26,10 @@ Window {
     visible: true
 
     width: sheet ? sheet.implicitWidth : 0
-    height: sheet ? sheet.implicitHeight : 0
+    height: !sheet ? 0
+                   : owner && owner.height > 0
+                     ? Math.min(sheet.implicitHeight, owner.height - 2 * Theme.spacingPage)
+                     : sheet.implicitHeight
     minimumWidth: width
     maximumWidth: width
     minimumHeight: height

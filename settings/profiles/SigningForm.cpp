@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "settings/profiles/SigningForm.h"
 
 #include "activation/SSHKeyScanner.h"
@@ -6,16 +9,9 @@
 
 #include <QFileInfo>
 
-SigningForm::SigningForm(QObject* parent) : QObject(parent) {}
-
-void SigningForm::setManager(ProfileManager* manager)
+SigningForm::SigningForm(ProfileManager& manager, QObject* parent)
+    : QObject(parent), m_manager(manager)
 {
-    if (m_manager == manager) {
-        return;
-    }
-    m_manager = manager;
-    emit managerChanged();
-    emit problemChanged();
 }
 
 void SigningForm::setKey(const QString& key)
@@ -64,7 +60,7 @@ QStringList SigningForm::keyChoices(const QString& sshKeyPath) const
             choices << own;
         }
     }
-    const QString home = m_manager ? m_manager->home() : HomePath::home();
+    const QString home = m_manager.home();
     for (const QString& name : SSHKeyScanner::scan(home)) {
         const QString pub = QStringLiteral("~/.ssh/") + name + QStringLiteral(".pub");
         if (!choices.contains(pub) &&
@@ -80,7 +76,7 @@ void SigningForm::load(const QString& profileId)
     setError({});
     const auto id = ProfileCodec::parseUuid(profileId);
     const auto settings =
-        m_manager && id ? m_manager->signingStore().find(*id) : std::optional<SigningSettings>();
+        id ? m_manager.signingStore().find(*id) : std::optional<SigningSettings>();
     setKey(settings ? settings->key : QString());
     setSignCommits(settings && settings->signCommits);
 }
@@ -90,8 +86,8 @@ QString SigningForm::problem() const
     if (m_key.isEmpty()) {
         return m_signCommits ? QStringLiteral("Choose a signing key to sign commits.") : QString();
     }
-    if (m_manager && SigningSettings::formatOf(m_key) == SigningSettings::Format::ssh &&
-        m_manager->commitSigning().publicKey(m_key).isEmpty()) {
+    if (SigningSettings::formatOf(m_key) == SigningSettings::Format::ssh &&
+        m_manager.commitSigning().publicKey(m_key).isEmpty()) {
         return QStringLiteral("%1 is not a readable SSH public key.").arg(m_key);
     }
     return {};
@@ -100,7 +96,7 @@ QString SigningForm::problem() const
 bool SigningForm::save(const QString& profileId)
 {
     const auto id = ProfileCodec::parseUuid(profileId);
-    if (!m_manager || !id) {
+    if (!id) {
         setError(QStringLiteral("The profile could not be found."));
         return false;
     }
@@ -113,12 +109,12 @@ bool SigningForm::save(const QString& profileId)
                         : std::optional<SigningSettings>(SigningSettings{
                               m_key, SigningSettings::formatOf(m_key), m_signCommits});
     // Unchanged settings are not written again.
-    if (m_manager->signingStore().find(*id) == settings) {
+    if (m_manager.signingStore().find(*id) == settings) {
         setError({});
         return true;
     }
     QString error;
-    if (!m_manager->setSigning(*id, settings, &error)) {
+    if (!m_manager.setSigning(*id, settings, &error)) {
         setError(error);
         return false;
     }

@@ -1,19 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/ProfileManager.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 // The profile editor's commit-signing fields: the key and the switch, read from the profile
-// manager's signing settings when the editor opens and written back when it saves.
+// manager's signing settings when the editor opens and written back when it saves. The editor
+// (ProfileEditor) owns it.
 class SigningForm : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ProfileManager* manager READ manager WRITE setManager NOTIFY managerChanged)
+    QML_UNCREATABLE("A profile editor keeps one for its signing section.")
     Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)
     Q_PROPERTY(bool signCommits READ signCommits WRITE setSignCommits NOTIFY signCommitsChanged)
     Q_PROPERTY(QString format READ format NOTIFY keyChanged)
@@ -21,10 +24,7 @@ class SigningForm : public QObject {
     Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
 
 public:
-    explicit SigningForm(QObject* parent = nullptr);
-
-    ProfileManager* manager() const { return m_manager; }
-    void setManager(ProfileManager* manager);
+    explicit SigningForm(ProfileManager& manager, QObject* parent = nullptr);
     QString key() const { return m_key; }
     void setKey(const QString& key);
     bool signCommits() const { return m_signCommits; }
@@ -49,7 +49,6 @@ public:
     QString problem() const;
 
 signals:
-    void managerChanged();
     void keyChanged();
     void signCommitsChanged();
     void errorChanged();
@@ -58,7 +57,7 @@ signals:
 private:
     void setError(const QString& error);
 
-    QPointer<ProfileManager> m_manager;
+    ProfileManager& m_manager;
     QString m_key;
     bool m_signCommits = false;
     QString m_error;

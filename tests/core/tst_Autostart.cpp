@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "prefs/Autostart.h"
 #include "support/TestHome.h"
 
@@ -24,7 +27,7 @@ const QString entryPath = QStringLiteral(".config/autostart/kivora.desktop");
 
 } // namespace
 
-class TestAutostart : public QObject {
+class tst_Autostart : public QObject {
     Q_OBJECT
 
 private slots:
@@ -184,5 +187,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAutostart)
+QTEST_GUILESS_MAIN(tst_Autostart)
 #include "tst_Autostart.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/CommitSigning.h"
 #include "activation/ProfileManager.h"
 #include "activation/RuleSync.h"
@@ -23,8 +26,7 @@ class tst_CommitSigning : public QObject {
     std::unique_ptr<ProfileManager> makeManager()
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     // Runs a program in the repository; returns standard output and error together.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "activation/RuleStore.h"
 #include "ai/AIContextManager.h"
@@ -35,8 +38,7 @@ class tst_HostileProfileFiles : public QObject {
     std::unique_ptr<ProfileManager> makeManager()
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     static QByteArray validStore()

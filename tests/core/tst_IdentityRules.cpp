@@ -1,5 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/GlobalGitConfig.h"
-#include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "activation/RuleStore.h"
 #include "activation/RuleSync.h"
@@ -83,9 +85,8 @@ private slots:
         m_home = std::make_unique<TestHome>();
         m_ai = std::make_unique<AIContextManager>();
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
         options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(options);
+        m_manager = std::make_unique<ProfileManager>(*m_ai.get(), options);
         m_work = GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada Work"),
                                     QStringLiteral("ada@corp.example"),
                                     QStringLiteral("~/.ssh/id_work"));
@@ -316,7 +317,7 @@ private slots:
         const QString repo = newRepository(QStringLiteral("work/app"));
         GitProfile edited = m_work;
         edited.gitEmail = QStringLiteral("ada@new.example");
-        QCOMPARE(ProfileEdits::replaceProfile(*m_manager, edited), ProfileEdits::Replaced::Saved);
+        QCOMPARE(m_manager->updateProfile(edited), ProfileManager::Update::Saved);
         QCOMPARE(author(repo), identity(edited));
     }
 
@@ -327,7 +328,7 @@ private slots:
         const QString repo = newRepository(QStringLiteral("work/app"));
         const QString file = RuleSync(m_home->path()).profileFile(m_work.id);
         QVERIFY(QFileInfo::exists(file));
-        ProfileEdits::deleteProfile(*m_manager, m_work, false);
+        m_manager->removeProfile(m_work);
         QVERIFY(!QFileInfo::exists(file));
         const auto rules = RuleStore(m_home->path()).load();
         QVERIFY(rules);
@@ -336,7 +337,7 @@ private slots:
         QCOMPARE(author(repo), identity(m_personal));
 
         // The last rule gone, the include leaves the global file too.
-        ProfileEdits::deleteProfile(*m_manager, m_personal, false);
+        m_manager->removeProfile(m_personal);
         QVERIFY(!globalFile().contains(GlobalGitConfig::marker()));
         QVERIFY(!QFileInfo::exists(RuleSync(m_home->path()).rulesFile()));
     }
@@ -348,9 +349,8 @@ private slots:
         QCOMPARE(store.permissions() & 0x0077, QFileDevice::Permissions());
         m_manager.reset();
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
         options.restoreAIContext = false;
-        m_manager = std::make_unique<ProfileManager>(options);
+        m_manager = std::make_unique<ProfileManager>(*m_ai.get(), options);
         const auto rules = RuleStore(m_home->path()).load();
         QVERIFY(rules);
         QCOMPARE(*rules, IdentityRules{dirRule(m_work, QStringLiteral("work"))});

@@ -1,5 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/KeyFileRemoval.h"
-#include "activation/ProfileEdits.h"
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
@@ -29,8 +31,7 @@ class tst_KeyFileRemoval : public QObject {
         m_home->write(QStringLiteral(".git-switcher/profiles.json"),
                       ProfileCodec::encodeStore({profiles, std::nullopt}));
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
 private slots:
@@ -114,10 +115,10 @@ private slots:
         // goes, the file stays, and a sentence says why.
         const GitProfile profile = withKey(QStringLiteral("Evil"), keyPath);
         const auto manager = managerWith({profile, withKey(QStringLiteral("Other"), QString())});
-        const auto deletion = ProfileEdits::deleteProfile(*manager, profile, true);
+        const auto deletion = manager->removeProfile(profile, true);
         QVERIFY(deletion.saved);
-        const QStringList& removed = deletion.removed;
-        const QStringList& refused = deletion.refused;
+        const QStringList& removed = deletion.removedKeyFiles;
+        const QStringList& refused = deletion.refusedKeyFiles;
         QVERIFY2(removed.isEmpty(), qPrintable(removed.join(u' ')));
         QVERIFY(!refused.isEmpty());
         for (const QString& sentence : refused) {

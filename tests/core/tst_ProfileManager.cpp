@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
@@ -20,9 +23,8 @@ class tst_ProfileManager : public QObject {
     std::unique_ptr<ProfileManager> makeManager(bool restoreAI = true)
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
         options.restoreAIContext = restoreAI;
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     void setGlobalIdentity(const QString& name, const QString& email)

@@ -1,4 +1,6 @@
-#include "activation/ProfileEdits.h"
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
@@ -23,9 +25,8 @@ class tst_ProfileWriters : public QObject {
     std::unique_ptr<ProfileManager> makeManager(int lockTimeoutMs = ProfileLock::defaultTimeoutMs)
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
         options.lockTimeoutMs = lockTimeoutMs;
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai, options);
     }
 
     void writeStore(const QList<GitProfile>& profiles, std::optional<QUuid> active = {}) const
@@ -104,8 +105,7 @@ private slots:
 
         QSignalSpy changed(app.get(), &ProfileManager::profilesChanged);
         QString why;
-        QVERIFY2(ProfileEdits::appendProfile(*app, profile(QStringLiteral("Lab")), &why),
-                 qPrintable(why));
+        QVERIFY2(app->appendProfile(profile(QStringLiteral("Lab")), &why), qPrintable(why));
         const QStringList all{QStringLiteral("Work"), QStringLiteral("Home"),
                               QStringLiteral("Lab")};
         QCOMPARE(names(stored().profiles), all);
@@ -121,16 +121,16 @@ private slots:
         const auto app = makeManager();
         // Another writer edits Home and switches to it.
         const auto cli = makeManager();
-        QCOMPARE(ProfileEdits::editProfile(
-                     *cli, home.id, [](GitProfile& p) { p.gitEmail = QStringLiteral("new@home"); }),
-                 ProfileEdits::Replaced::Saved);
+        QCOMPARE(cli->editProfile(home.id,
+                                  [](GitProfile& p) { p.gitEmail = QStringLiteral("new@home"); }),
+                 ProfileManager::Update::Saved);
         QVERIFY(cli->change(
             [&](QList<GitProfile>&, std::optional<QUuid>& active) { active = home.id; }));
 
         // The application edits Work from its older list.
         GitProfile edited = work;
         edited.gitName = QStringLiteral("Ada Work");
-        QCOMPARE(ProfileEdits::replaceProfile(*app, edited), ProfileEdits::Replaced::Saved);
+        QCOMPARE(app->updateProfile(edited), ProfileManager::Update::Saved);
         const StoredData now = stored();
         QCOMPARE(now.profiles.at(0).gitName, QStringLiteral("Ada Work"));
         QCOMPARE(now.profiles.at(1).gitEmail, QStringLiteral("new@home"));
@@ -144,7 +144,7 @@ private slots:
         writeStore({work, home});
         const auto app = makeManager();
         const auto cli = makeManager();
-        QVERIFY(ProfileEdits::deleteProfile(*cli, home, false).saved);
+        QVERIFY(cli->removeProfile(home, false).saved);
         const QByteArray before = m_home->read(QStringLiteral(".git-switcher/profiles.json"));
 
         QString why;
@@ -176,8 +176,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(lockPath() + QStringLiteral(".held")), 20000);
 
         QString why;
-        QVERIFY2(ProfileEdits::appendProfile(*app, profile(QStringLiteral("Mine")), &why),
-                 qPrintable(why));
+        QVERIFY2(app->appendProfile(profile(QStringLiteral("Mine")), &why), qPrintable(why));
         QCOMPARE(
             names(stored().profiles),
             (QStringList{QStringLiteral("Work"), QStringLiteral("Other"), QStringLiteral("Mine")}));

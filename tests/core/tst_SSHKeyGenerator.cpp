@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/SSHKeyGenerator.h"
 #include "support/TestHome.h"
 
@@ -196,7 +199,8 @@ private slots:
         });
         QCOMPARE(result.outcome, SSHKeyGenerator::Outcome::NotStarted);
         QVERIFY(!result.error.isEmpty());
-        QCOMPARE(printed, ("Failed to generate SSH key: " + result.error + u'\n').toUtf8());
+        QCOMPARE(printed,
+                 (QStringLiteral("Failed to generate SSH key: ") + result.error + u'\n').toUtf8());
         QVERIFY(!m_home->exists(QStringLiteral(".ssh/id_ed25519")));
     }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "prefs/AppAppearance.h"
 #include "prefs/MenuBarIconStyle.h"
 #include "prefs/PreferencesFile.h"
@@ -46,7 +49,7 @@ QStringList sorted(QStringList list)
 
 } // namespace
 
-class TestSettingsManager : public QObject {
+class tst_SettingsManager : public QObject {
     Q_OBJECT
 
 private:
@@ -178,11 +181,10 @@ private slots:
                  home.path() + QStringLiteral("/.config/Kivora/Kivora.conf"));
     }
 
-    void sharedIsOneInstanceOverTheUserFile()
+    void preferencesOverTheUserFile()
     {
         TestHome home;
-        SettingsManager& first = SettingsManager::shared();
-        QCOMPARE(&SettingsManager::shared(), &first);
+        const SettingsManager first(PreferencesFile::path());
         QCOMPARE(first.filePath(), settingsPath(home));
         QVERIFY(QFile::exists(settingsPath(home)));
     }
@@ -545,5 +547,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSettingsManager)
+QTEST_GUILESS_MAIN(tst_SettingsManager)
 #include "tst_SettingsManager.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "activation/ShellIntegration.h"
 #include "activation/ShellQuote.h"
@@ -58,8 +61,7 @@ class tst_ShellSafety : public QObject {
     std::unique_ptr<ProfileManager> makeManager()
     {
         ProfileManager::Options options;
-        options.aiContext = m_ai.get();
-        return std::make_unique<ProfileManager>(options);
+        return std::make_unique<ProfileManager>(*m_ai.get(), options);
     }
 
     QString pwned(const QString& name = QStringLiteral("pwned")) const
@@ -117,7 +119,9 @@ private slots:
         QTest::newRow("line feed") << QStringLiteral("Work\ntouch @P") << false;
         QTest::newRow("carriage return") << QStringLiteral("Work\rtouch @P\r") << false;
         QTest::newRow("cr lf, configured") << QStringLiteral("Work\r\ntouch @P") << true;
-        QTest::newRow("nul") << QString(QStringLiteral("Work") + QChar(0) + "\ntouch @P") << true;
+        QTest::newRow("nul") << QString(QStringLiteral("Work") + QChar(0) +
+                                        QStringLiteral("\ntouch @P"))
+                             << true;
         QTest::newRow("vertical tab and form feed")
             << QStringLiteral("Work\v\ftouch @P\n") << false;
         QTest::newRow("every C0 character") << [] {
@@ -245,8 +249,7 @@ private slots:
         QDir().mkpath(spaced);
         ProfileManager::Options options;
         options.home = spaced;
-        options.aiContext = m_ai.get();
-        ProfileManager manager(options);
+        ProfileManager manager(*m_ai.get(), options);
         manager.applyGlobally(GitProfile::create(QStringLiteral("K"), QStringLiteral("k"),
                                                  QStringLiteral("k@x"),
                                                  QStringLiteral("~/.ssh/id_work")));

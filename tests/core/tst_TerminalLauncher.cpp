@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/ProfileManager.h"
 #include "activation/TerminalLauncher.h"
+#include "ai/AIContextManager.h"
 #include "support/TestHome.h"
 
 #include <QDir>
@@ -100,7 +104,7 @@ QStringList bashRunning(const QString& text)
 
 } // namespace
 
-class TerminalLauncherTest : public QObject {
+class tst_TerminalLauncher : public QObject {
     Q_OBJECT
 
 private slots:
@@ -134,7 +138,7 @@ private:
     static QString useBinFolder(TestHome& home);
 };
 
-void TerminalLauncherTest::profiles()
+void tst_TerminalLauncher::profiles()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("gitName");
@@ -197,7 +201,7 @@ void TerminalLauncherTest::profiles()
                           "echo \"\"");
 }
 
-QString TerminalLauncherTest::useBinFolder(TestHome& home)
+QString tst_TerminalLauncher::useBinFolder(TestHome& home)
 {
     const QString bin = home.filePath(QStringLiteral("bin"));
     QDir().mkpath(bin);
@@ -206,7 +210,7 @@ QString TerminalLauncherTest::useBinFolder(TestHome& home)
     return bin;
 }
 
-void TerminalLauncherTest::commandLine()
+void tst_TerminalLauncher::commandLine()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -226,7 +230,7 @@ void TerminalLauncherTest::commandLine()
              expected.replace(kHomeMark, home.path()));
 }
 
-void TerminalLauncherTest::recordedArguments()
+void tst_TerminalLauncher::recordedArguments()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -266,7 +270,7 @@ void TerminalLauncherTest::recordedArguments()
     QCOMPARE(launch->arguments, arguments);
 }
 
-void TerminalLauncherTest::shellSeesIdentity()
+void tst_TerminalLauncher::shellSeesIdentity()
 {
     QFETCH(QString, name);
     QFETCH(QString, gitName);
@@ -332,7 +336,7 @@ void TerminalLauncherTest::shellSeesIdentity()
     QCOMPARE(variables, expected);
 }
 
-void TerminalLauncherTest::fallbackOrder_data()
+void tst_TerminalLauncher::fallbackOrder_data()
 {
     QTest::addColumn<int>("first");
     for (int i = 0; i < int(std::size(kEmulators)); ++i) {
@@ -341,7 +345,7 @@ void TerminalLauncherTest::fallbackOrder_data()
 }
 
 // With the emulators from `first` on present, the one at `first` is chosen.
-void TerminalLauncherTest::fallbackOrder()
+void tst_TerminalLauncher::fallbackOrder()
 {
     QFETCH(int, first);
 
@@ -377,7 +381,7 @@ void TerminalLauncherTest::fallbackOrder()
     }
 }
 
-void TerminalLauncherTest::conventionOfEach_data()
+void tst_TerminalLauncher::conventionOfEach_data()
 {
     QTest::addColumn<QString>("emulator");
     QTest::addColumn<QStringList>("prefix");
@@ -387,7 +391,7 @@ void TerminalLauncherTest::conventionOfEach_data()
 }
 
 // Each emulator alone on PATH is used, with its own way of taking a command.
-void TerminalLauncherTest::conventionOfEach()
+void tst_TerminalLauncher::conventionOfEach()
 {
     QFETCH(QString, emulator);
     QFETCH(QStringList, prefix);
@@ -420,7 +424,7 @@ void TerminalLauncherTest::conventionOfEach()
     QCOMPARE(fields, prefix + bashRunning(text));
 }
 
-void TerminalLauncherTest::kittyBeforeXterm()
+void tst_TerminalLauncher::kittyBeforeXterm()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -446,7 +450,7 @@ void TerminalLauncherTest::kittyBeforeXterm()
     QVERIFY(!home.exists(QStringLiteral("rec-xterm")));
 }
 
-void TerminalLauncherTest::missingTerminalProgramIsSkipped_data()
+void tst_TerminalLauncher::missingTerminalProgramIsSkipped_data()
 {
     QTest::addColumn<QString>("terminal");
     QTest::newRow("name not on PATH") << "no-such-terminal";
@@ -455,7 +459,7 @@ void TerminalLauncherTest::missingTerminalProgramIsSkipped_data()
     QTest::newRow("empty") << "";
 }
 
-void TerminalLauncherTest::missingTerminalProgramIsSkipped()
+void tst_TerminalLauncher::missingTerminalProgramIsSkipped()
 {
     QFETCH(QString, terminal);
 
@@ -476,7 +480,7 @@ void TerminalLauncherTest::missingTerminalProgramIsSkipped()
 }
 
 // A program that is there but cannot be started (its interpreter is missing) is passed over.
-void TerminalLauncherTest::terminalThatCannotStartIsSkipped()
+void tst_TerminalLauncher::terminalThatCannotStartIsSkipped()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -500,7 +504,7 @@ void TerminalLauncherTest::terminalThatCannotStartIsSkipped()
 }
 
 // TERMINAL may name a program on PATH; it comes before every other emulator.
-void TerminalLauncherTest::terminalByNameOnPath()
+void tst_TerminalLauncher::terminalByNameOnPath()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -529,7 +533,7 @@ void TerminalLauncherTest::terminalByNameOnPath()
 }
 
 // TERMINAL naming one of the known emulators passes the command the way that emulator wants.
-void TerminalLauncherTest::terminalNamingKnownEmulatorUsesItsConvention()
+void tst_TerminalLauncher::terminalNamingKnownEmulatorUsesItsConvention()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -556,7 +560,7 @@ void TerminalLauncherTest::terminalNamingKnownEmulatorUsesItsConvention()
     QVERIFY(!home.exists(QStringLiteral("rec-x")));
 }
 
-void TerminalLauncherTest::noEmulatorDoesNothing()
+void tst_TerminalLauncher::noEmulatorDoesNothing()
 {
     TestHome home;
     useBinFolder(home);
@@ -571,7 +575,7 @@ void TerminalLauncherTest::noEmulatorDoesNothing()
     QVERIFY(QDir(home.filePath(QStringLiteral("bin"))).isEmpty());
 }
 
-void TerminalLauncherTest::profileManagerOpensTerminal()
+void tst_TerminalLauncher::profileManagerOpensTerminal()
 {
     TestHome home;
     const QString managerHome = home.filePath(QStringLiteral("kivora-home"));
@@ -581,7 +585,8 @@ void TerminalLauncherTest::profileManagerOpensTerminal()
     ProfileManager::Options options;
     options.home = managerHome;
     options.restoreAIContext = false;
-    ProfileManager manager(options);
+    AIContextManager ai;
+    ProfileManager manager(ai, options);
 
     useBinFolder(home);
     const QString recorder = home.filePath(QStringLiteral("tools/record-term"));
@@ -615,7 +620,7 @@ void TerminalLauncherTest::profileManagerOpensTerminal()
 
 // On an X11 session foot cannot open a window: it is passed over, even when TERMINAL or
 // x-terminal-emulator names it, and the next emulator opens.
-void TerminalLauncherTest::waylandOnlyEmulatorIsSkippedWithoutWayland()
+void tst_TerminalLauncher::waylandOnlyEmulatorIsSkippedWithoutWayland()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -634,7 +639,7 @@ void TerminalLauncherTest::waylandOnlyEmulatorIsSkippedWithoutWayland()
     QVERIFY(!home.exists(QStringLiteral("rec-foot")));
 }
 
-void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver_data()
+void tst_TerminalLauncher::emulatorThatFailsAtOnceIsPassedOver_data()
 {
     QTest::addColumn<QByteArray>("failure");
     QTest::newRow("exit status 1") << QByteArray("echo 'cannot open display' >&2\nexit 1");
@@ -643,7 +648,7 @@ void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver_data()
 
 // An emulator that exits at once with an error (it could not reach its display) did not
 // open a window: the next one is tried.
-void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver()
+void tst_TerminalLauncher::emulatorThatFailsAtOnceIsPassedOver()
 {
     QFETCH(QByteArray, failure);
 
@@ -666,7 +671,7 @@ void TerminalLauncherTest::emulatorThatFailsAtOnceIsPassedOver()
 
 // An emulator still running when the watch ends opened its window; it is left running,
 // detached, and nothing else is started.
-void TerminalLauncherTest::emulatorStillRunningHasStarted()
+void tst_TerminalLauncher::emulatorStillRunningHasStarted()
 {
     TestHome home;
     const QString bin = useBinFolder(home);
@@ -688,5 +693,5 @@ void TerminalLauncherTest::emulatorStillRunningHasStarted()
     QVERIFY(!home.exists(QStringLiteral("rec-xterm")));
 }
 
-QTEST_GUILESS_MAIN(TerminalLauncherTest)
+QTEST_GUILESS_MAIN(tst_TerminalLauncher)
 #include "tst_TerminalLauncher.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "prefs/SettingsManager.h"
 #include "support/LocalHttpServer.h"
 #include "support/TestHome.h"
@@ -81,7 +84,7 @@ private:
 
 } // namespace
 
-class TestUpdater : public QObject {
+class tst_Updater : public QObject {
     Q_OBJECT
 
 private:
@@ -281,10 +284,20 @@ private slots:
     {
         QTest::addColumn<QStringList>("versions");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("newest first") << QStringList{"1.10.0", "1.9.0", "1.2.0", "0.9"} << "1.10.0";
-        QTest::newRow("newest last") << QStringList{"0.9", "1.2.0", "1.9.0", "1.10.0"} << "1.10.0";
-        QTest::newRow("newest in the middle") << QStringList{"1.2.0", "2.0", "1.9.0"} << "2.0";
-        QTest::newRow("release above its beta") << QStringList{"1.1b2", "1.1", "1.1rc1"} << "1.1";
+        QTest::newRow("newest first")
+            << QStringList{QStringLiteral("1.10.0"), QStringLiteral("1.9.0"),
+                           QStringLiteral("1.2.0"), QStringLiteral("0.9")}
+            << QStringLiteral("1.10.0");
+        QTest::newRow("newest last")
+            << QStringList{QStringLiteral("0.9"), QStringLiteral("1.2.0"), QStringLiteral("1.9.0"),
+                           QStringLiteral("1.10.0")}
+            << QStringLiteral("1.10.0");
+        QTest::newRow("newest in the middle")
+            << QStringList{QStringLiteral("1.2.0"), QStringLiteral("2.0"), QStringLiteral("1.9.0")}
+            << QStringLiteral("2.0");
+        QTest::newRow("release above its beta")
+            << QStringList{QStringLiteral("1.1b2"), QStringLiteral("1.1"), QStringLiteral("1.1rc1")}
+            << QStringLiteral("1.1");
     }
 
     void newestItemIsChosenInAnyOrder()
@@ -958,5 +971,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestUpdater)
+QTEST_GUILESS_MAIN(tst_Updater)
 #include "tst_Updater.moc"

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the bad-input corpus: profile files (profiles/) and import files (import/).
 
 Each file's name says what must become of it, decided here from the rules of the profile

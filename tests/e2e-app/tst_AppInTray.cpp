@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
@@ -97,7 +100,7 @@ QList<QPoint> rowDots(const QImage& popover)
 
 } // namespace
 
-class AppInTray : public QObject {
+class tst_AppInTray : public QObject {
     Q_OBJECT
 
 private slots:
@@ -121,7 +124,7 @@ private:
     QString m_appPath;
 };
 
-void AppInTray::initTestCase()
+void tst_AppInTray::initTestCase()
 {
     const QStringList missing = XSession::missingPrograms();
     if (!missing.isEmpty()) {
@@ -155,21 +158,21 @@ void AppInTray::initTestCase()
     QVERIFY(launch());
 }
 
-void AppInTray::cleanupTestCase()
+void tst_AppInTray::cleanupTestCase()
 {
     AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
-bool AppInTray::launch()
+bool tst_AppInTray::launch()
 {
     QProcessEnvironment env = m_x->environment();
     m_app = AppProcess::launch(m_appPath, env);
     return m_app != nullptr;
 }
 
-std::optional<QString> AppInTray::openPopover()
+std::optional<QString> tst_AppInTray::openPopover()
 {
     if (auto open = m_x->waitForWindow(QStringLiteral("^Kivora$"), 200)) {
         return open;
@@ -178,12 +181,12 @@ std::optional<QString> AppInTray::openPopover()
     return m_x->waitForWindow(QStringLiteral("^Kivora$"), 10000);
 }
 
-void AppInTray::saveScreenshot(const QImage& image, const QString& name)
+void tst_AppInTray::saveScreenshot(const QImage& image, const QString& name)
 {
     QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
-void AppInTray::trayClickOpensThePopover()
+void tst_AppInTray::trayClickOpensThePopover()
 {
     const auto popover = openPopover();
     QVERIFY2(popover, "no popover after a click on the tray icon");
@@ -197,7 +200,7 @@ void AppInTray::trayClickOpensThePopover()
     saveScreenshot(m_x->capture(area), QStringLiteral("popover-light.png"));
 }
 
-void AppInTray::rowClickSwitchesTheGlobalIdentity()
+void tst_AppInTray::rowClickSwitchesTheGlobalIdentity()
 {
     const auto popover = openPopover();
     QVERIFY(popover);
@@ -232,7 +235,7 @@ void AppInTray::rowClickSwitchesTheGlobalIdentity()
     QVERIFY(greenPixels(cleared, QRect(dots.at(1) - QPoint(4, 4), QSize(9, 9))) > 10);
 }
 
-void AppInTray::secondLaunchShowsTheRunningPopover()
+void tst_AppInTray::secondLaunchShowsTheRunningPopover()
 {
     m_x->run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Escape")});
     QTRY_VERIFY_WITH_TIMEOUT(!m_x->waitForWindow(QStringLiteral("^Kivora$"), 100), 5000);
@@ -248,7 +251,7 @@ void AppInTray::secondLaunchShowsTheRunningPopover()
              "the running instance did not bring its popover forward");
 }
 
-void AppInTray::settingsWindowOpensFromThePopover()
+void tst_AppInTray::settingsWindowOpensFromThePopover()
 {
     const auto popover = openPopover();
     QVERIFY(popover);
@@ -264,7 +267,7 @@ void AppInTray::settingsWindowOpensFromThePopover()
     m_x->run(QStringLiteral("xdotool"), {QStringLiteral("windowunmap"), *settings});
 }
 
-void AppInTray::quitEndsTheProcess()
+void tst_AppInTray::quitEndsTheProcess()
 {
     const auto popover = openPopover();
     QVERIFY(popover);
@@ -276,7 +279,7 @@ void AppInTray::quitEndsTheProcess()
     QCOMPARE(m_app->exitCode(), 0);
 }
 
-void AppInTray::darkAppearance()
+void tst_AppInTray::darkAppearance()
 {
     AppProcess::stop(m_app);
     m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"),
@@ -303,6 +306,6 @@ void AppInTray::darkAppearance()
     AppProcess::stop(m_app);
 }
 
-QTEST_GUILESS_MAIN(AppInTray)
+QTEST_GUILESS_MAIN(tst_AppInTray)
 
 #include "tst_AppInTray.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "activation/InstanceChannel.h"
@@ -15,7 +18,7 @@
 
 // While the tray application runs, the command line's profile changes are carried out by it,
 // so that its windows show them at once; what only reads stays in the command line.
-class CliHandOn : public QObject {
+class tst_CliHandOn : public QObject {
     Q_OBJECT
 
     struct Result {
@@ -214,5 +217,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(CliHandOn)
+QTEST_GUILESS_MAIN(tst_CliHandOn)
 #include "tst_CliHandOn.moc"

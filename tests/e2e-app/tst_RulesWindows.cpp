@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "activation/RuleStore.h"
@@ -21,19 +24,20 @@ constexpr int trayY = 14;
 // In the settings window (1100 × 650): the first profile row and its edit button.
 constexpr QPoint firstRow(500, 200);
 constexpr QPoint firstRowEdit(1020, 200);
-// In the editor (500 × 680) scrolled to its end: the first rule's remove button, and Save.
-constexpr QPoint removeFirstRule(448, 444);
-constexpr QPoint editorSave(439, 650);
-constexpr QPoint addFolder(98, 567);
+// In the editor (500 wide, as tall as fits the settings window: 602) scrolled to its end: the
+// first rule's remove button, and Save.
+constexpr QPoint removeFirstRule(448, 368);
+constexpr QPoint editorSave(439, 572);
+constexpr QPoint addFolder(98, 491);
 // Qt's folder dialog inside the sheet: the first folder of the list, and Open.
-constexpr QPoint chooserFirstFolder(70, 263);
-constexpr QPoint chooserOpen(325, 506);
+constexpr QPoint chooserFirstFolder(70, 228);
+constexpr QPoint chooserOpen(325, 467);
 
 } // namespace
 
 // The rules in the windows: the profiles page shows a profile's rules under its identity, and
 // the editor's last section lists them, each removable.
-class RulesWindows : public QObject {
+class tst_RulesWindows : public QObject {
     Q_OBJECT
 
 private slots:
@@ -49,7 +53,7 @@ private:
     std::unique_ptr<QProcess> m_app;
 };
 
-void RulesWindows::initTestCase()
+void tst_RulesWindows::initTestCase()
 {
     const QStringList missing = XSession::missingPrograms();
     if (!missing.isEmpty()) {
@@ -62,14 +66,14 @@ void RulesWindows::initTestCase()
     m_home = std::make_unique<TestHome>();
 }
 
-void RulesWindows::cleanupTestCase()
+void tst_RulesWindows::cleanupTestCase()
 {
     AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
-std::optional<QString> RulesWindows::openSettings()
+std::optional<QString> tst_RulesWindows::openSettings()
 {
     auto popover = m_x->waitForWindow(QStringLiteral("^Kivora$"), 200);
     if (!popover) {
@@ -87,7 +91,7 @@ std::optional<QString> RulesWindows::openSettings()
     return settings;
 }
 
-void RulesWindows::pageAndEditorShowTheRules()
+void tst_RulesWindows::pageAndEditorShowTheRules()
 {
     const GitProfile work =
         GitProfile::create(QStringLiteral("Work"), QStringLiteral("Ada Lovelace"),
@@ -157,6 +161,6 @@ void RulesWindows::pageAndEditorShowTheRules()
     AppProcess::stop(m_app);
 }
 
-QTEST_GUILESS_MAIN(RulesWindows)
+QTEST_GUILESS_MAIN(tst_RulesWindows)
 
 #include "tst_RulesWindows.moc"

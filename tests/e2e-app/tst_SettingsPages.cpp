@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "XSession.h"
 #include "model/ProfileCodec.h"
@@ -94,7 +97,7 @@ const QByteArray appcast =
 
 } // namespace
 
-class SettingsPages : public QObject {
+class tst_SettingsPages : public QObject {
     Q_OBJECT
 
 private slots:
@@ -129,7 +132,7 @@ private:
     QString m_settingsWindow;
 };
 
-void SettingsPages::initTestCase()
+void tst_SettingsPages::initTestCase()
 {
     const QStringList missing = XSession::missingPrograms();
     if (!missing.isEmpty()) {
@@ -176,14 +179,14 @@ void SettingsPages::initTestCase()
     m_settingsWindow = *settings;
 }
 
-void SettingsPages::cleanupTestCase()
+void tst_SettingsPages::cleanupTestCase()
 {
     AppProcess::stop(m_app);
     m_x.reset();
     m_home.reset();
 }
 
-bool SettingsPages::launch()
+bool tst_SettingsPages::launch()
 {
     QProcessEnvironment env = m_x->environment();
     env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"),
@@ -201,7 +204,7 @@ bool SettingsPages::launch()
     return m_app != nullptr;
 }
 
-std::optional<QString> SettingsPages::openPopover()
+std::optional<QString> tst_SettingsPages::openPopover()
 {
     if (auto open = m_x->waitForWindow(QStringLiteral("^Kivora$"), 200)) {
         return open;
@@ -210,7 +213,7 @@ std::optional<QString> SettingsPages::openPopover()
     return m_x->waitForWindow(QStringLiteral("^Kivora$"), 10000);
 }
 
-std::optional<QString> SettingsPages::openSettings()
+std::optional<QString> tst_SettingsPages::openSettings()
 {
     const auto popover = openPopover();
     if (!popover) {
@@ -222,18 +225,18 @@ std::optional<QString> SettingsPages::openSettings()
     return m_x->waitForWindow(QStringLiteral("^Kivora Settings$"), 10000);
 }
 
-QImage SettingsPages::captureSettings()
+QImage tst_SettingsPages::captureSettings()
 {
     return m_x->capture(m_x->geometry(m_settingsWindow));
 }
 
-void SettingsPages::clickInSettings(const QPoint& point)
+void tst_SettingsPages::clickInSettings(const QPoint& point)
 {
     const QRect window = m_x->geometry(m_settingsWindow);
     m_x->click(window.left() + point.x(), window.top() + point.y());
 }
 
-bool SettingsPages::selectPage(const TabRow& row)
+bool tst_SettingsPages::selectPage(const TabRow& row)
 {
     clickInSettings(QPoint(sidebarRowX, row.y));
     // Move away so that no hover colour remains in the picture.
@@ -253,12 +256,12 @@ bool SettingsPages::selectPage(const TabRow& row)
     return false;
 }
 
-void SettingsPages::saveScreenshot(const QImage& image, const QString& name)
+void tst_SettingsPages::saveScreenshot(const QImage& image, const QString& name)
 {
     QVERIFY(AppProcess::saveScreenshot(image, name));
 }
 
-QVariant SettingsPages::preference(const QString& key) const
+QVariant tst_SettingsPages::preference(const QString& key) const
 {
     // A fresh reader each time: the file on disk as the application left it.
     const QSettings file(m_home->filePath(QStringLiteral(".config/Kivora/Kivora.conf")),
@@ -266,7 +269,7 @@ QVariant SettingsPages::preference(const QString& key) const
     return file.value(key);
 }
 
-void SettingsPages::visitEveryPage(const QString& mode)
+void tst_SettingsPages::visitEveryPage(const QString& mode)
 {
     // Each page has its own header: no two pictures of the header area are the same.
     QList<QImage> headers;
@@ -294,12 +297,12 @@ void SettingsPages::visitEveryPage(const QString& mode)
     }
 }
 
-void SettingsPages::everyPageInLight()
+void tst_SettingsPages::everyPageInLight()
 {
     visitEveryPage(QStringLiteral("light"));
 }
 
-void SettingsPages::appearanceChoicesAreStored()
+void tst_SettingsPages::appearanceChoicesAreStored()
 {
     QVERIFY(selectPage(appearanceRow));
     clickInSettings(textStyleSegment);
@@ -321,7 +324,7 @@ void SettingsPages::appearanceChoicesAreStored()
     QCOMPARE(preference(QStringLiteral("showSSHKey")).toString(), QStringLiteral("true"));
 }
 
-void SettingsPages::darkTurnsTheSettingsWindowAndThePopover()
+void tst_SettingsPages::darkTurnsTheSettingsWindowAndThePopover()
 {
     QVERIFY(selectPage(appearanceRow));
     const QImage light = captureSettings();
@@ -350,14 +353,14 @@ void SettingsPages::darkTurnsTheSettingsWindowAndThePopover()
     QTRY_VERIFY_WITH_TIMEOUT(!m_x->waitForWindow(QStringLiteral("^Kivora$"), 100), 5000);
 }
 
-void SettingsPages::everyPageInDark()
+void tst_SettingsPages::everyPageInDark()
 {
     // The popover took the focus; the settings window is still there.
     m_x->run(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), m_settingsWindow});
     visitEveryPage(QStringLiteral("dark"));
 }
 
-void SettingsPages::systemFollowsTheDesktopAgain()
+void tst_SettingsPages::systemFollowsTheDesktopAgain()
 {
     QVERIFY(selectPage(appearanceRow));
     clickInSettings(systemSegment);
@@ -371,7 +374,7 @@ void SettingsPages::systemFollowsTheDesktopAgain()
                               QStringLiteral("Light"), 5000);
 }
 
-void SettingsPages::checkNowFillsLastChecked()
+void tst_SettingsPages::checkNowFillsLastChecked()
 {
     QVERIFY(selectPage(updatesRow));
     QVERIFY(!preference(QStringLiteral("updater/lastUpdateCheckDate")).isValid());
@@ -406,7 +409,7 @@ void SettingsPages::checkNowFillsLastChecked()
     QVERIFY(inkPixels(after, lastCheckedArea) > 40);
 }
 
-void SettingsPages::websiteLinkOpensTheBrowser()
+void tst_SettingsPages::websiteLinkOpensTheBrowser()
 {
     QVERIFY(selectPage(aboutRow));
     clickInSettings(websiteLink);
@@ -417,6 +420,6 @@ void SettingsPages::websiteLinkOpensTheBrowser()
     QCOMPARE(file.readAll().trimmed(), QByteArray("https://kivora.app/"));
 }
 
-QTEST_GUILESS_MAIN(SettingsPages)
+QTEST_GUILESS_MAIN(tst_SettingsPages)
 
 #include "tst_SettingsPages.moc"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "AppProcess.h"
 #include "DesktopSession.h"
 #include "StatusNotifierClient.h"
@@ -164,9 +167,10 @@ void XfcePanel::itemRegistersWithTitleKivora()
 
 void XfcePanel::exportedMenuHasTheEntries()
 {
-    const QStringList expected{QStringLiteral("Open Kivora"), QStringLiteral("Settings…"),
-                               QStringLiteral("Preferences…"), QStringLiteral("Check for Updates…"),
-                               QStringLiteral("Quit")};
+    const QStringList expected{
+        QStringLiteral("Open Kivora"),    QStringLiteral("Settings…"),
+        QStringLiteral("Preferences…"),   QStringLiteral("Check for Updates…"),
+        QStringLiteral("Start at Login"), QStringLiteral("Quit")};
     QCOMPARE(m_tray->menuLabels(), expected);
 }
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "activation/TerminalLauncher.h"
 #include "support/TestHome.h"
 
@@ -75,7 +78,7 @@ QStringList nulSeparated(const QByteArray& bytes)
 
 } // namespace
 
-class TerminalWindowTest : public QObject {
+class tst_TerminalWindow : public QObject {
     Q_OBJECT
 
 private slots:
@@ -84,7 +87,7 @@ private slots:
 
 // A real xterm window on a virtual display: the user's shell, started at the end of the
 // window's command, inherits the profile's identity.
-void TerminalWindowTest::shellInXtermHasIdentity()
+void tst_TerminalWindow::shellInXtermHasIdentity()
 {
     const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
     if (xvfb.isEmpty()) {
@@ -145,5 +148,5 @@ void TerminalWindowTest::shellInXtermHasIdentity()
     QCOMPARE(nulSeparated(file.readAll()), expected);
 }
 
-QTEST_GUILESS_MAIN(TerminalWindowTest)
+QTEST_GUILESS_MAIN(tst_TerminalWindow)
 #include "tst_TerminalWindow.moc"

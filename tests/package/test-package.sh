@@ -1,4 +1,6 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Kivora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The Debian package as a user's machine sees it.
 #
 #   test-package.sh contents   builds the package with CPack in the build folder and checks its
@@ -63,6 +65,7 @@ data_files=(
     /usr/share/bash-completion/completions/kivora
     /usr/share/zsh/vendor-completions/_kivora
     /usr/share/man/man1/kivora.1.gz
+    /usr/share/doc/kivora/copyright
 )
 for size in "${icon_sizes[@]}"; do
     data_files+=("/usr/share/icons/hicolor/${size}x${size}/apps/kivora.png")

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ProfilesFixture.h"
 
 #include "activation/ProfileManager.h"
-#include "app/AppServices.h"
+#include "app/KivoraApp.h"
 #include "model/ProfileCodec.h"
 #include "support/LocalHttpServer.h"
 
@@ -23,15 +26,16 @@ namespace {
 void registerProfilesFixture()
 {
     qmlRegisterSingletonType<ProfilesFixture>(
-        "KivoraTest", 1, 0, "ProfilesFixture",
-        [](QQmlEngine*, QJSEngine*) -> QObject* { return new ProfilesFixture; });
+        "KivoraTest", 1, 0, "ProfilesFixture", [](QQmlEngine* engine, QJSEngine*) -> QObject* {
+            return new ProfilesFixture(KivoraApp::from(engine).profileManager());
+        });
 }
 
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(registerProfilesFixture)
 
-ProfilesFixture::ProfilesFixture()
+ProfilesFixture::ProfilesFixture(ProfileManager& manager) : m_manager(manager)
 {
     QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openUrl");
 }
@@ -49,8 +53,7 @@ void ProfilesFixture::openUrl(const QUrl& url)
 QString ProfilesFixture::homePath() const
 {
     // The shared fixture's temporary home, never the user's.
-    ProfileManager* manager = AppServices::profileManager();
-    return manager ? manager->home() : QString();
+    return m_manager.home();
 }
 
 QString ProfilesFixture::homeFile(const QString& relative) const
@@ -122,7 +125,7 @@ bool ProfilesFixture::makeHomeFifo(const QString& relative) const
 
 void ProfilesFixture::arrangeProfiles(const QVariantList& entries, int activeIndex)
 {
-    ProfileManager* manager = AppServices::profileManager();
+    ProfileManager* manager = &m_manager;
     QList<GitProfile> profiles;
     for (const QVariant& entry : entries) {
         const QVariantMap fields = entry.toMap();
@@ -158,7 +161,7 @@ void ProfilesFixture::arrangeProfiles(const QVariantList& entries, int activeInd
 
 QVariantMap ProfilesFixture::profileAt(int index) const
 {
-    const QList<GitProfile>& profiles = AppServices::profileManager()->profiles();
+    const QList<GitProfile>& profiles = m_manager.profiles();
     if (index < 0 || index >= profiles.size()) {
         return {};
     }
@@ -180,7 +183,7 @@ QVariantMap ProfilesFixture::profileAt(int index) const
 
 int ProfilesFixture::profileCount() const
 {
-    return int(AppServices::profileManager()->profiles().size());
+    return int(m_manager.profiles().size());
 }
 
 QStringList ProfilesFixture::savedProfileNames() const

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QObject>
@@ -9,6 +12,7 @@
 #include <memory>
 
 class LocalHttpServer;
+class ProfileManager;
 class QTcpServer;
 
 // What the profiles page tests arrange and inspect beyond the shared fixture: files in the
@@ -19,7 +23,7 @@ class ProfilesFixture : public QObject {
     Q_OBJECT
 
 public:
-    ProfilesFixture();
+    explicit ProfilesFixture(ProfileManager& manager);
     ~ProfilesFixture() override;
 
     // Files under the temporary home folder (folders made on the way).
@@ -71,6 +75,7 @@ public slots:
 private:
     QString homeFile(const QString& relative) const;
 
+    ProfileManager& m_manager;
     QStringList m_openedUrls;
     std::unique_ptr<LocalHttpServer> m_server;
     std::unique_ptr<QTcpServer> m_silentServer;

@@ -1,22 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ViewFixture.h"
 
-#include "app/AppServices.h"
 #include "model/ProfileCodec.h"
 
 #include <QFile>
 
 ViewFixture::ViewFixture() : m_home(std::make_unique<TestHome>())
 {
-    ProfileManager::Options options;
+    KivoraApp::Options options;
     options.home = m_home->path();
-    m_manager = std::make_unique<ProfileManager>(options);
-    AppServices::setProfileManager(m_manager.get());
+    m_app = std::make_unique<KivoraApp>(options);
 }
 
 ViewFixture::~ViewFixture()
 {
-    AppServices::setProfileManager(nullptr);
-    m_manager.reset();
+    m_app.reset();
     m_home.reset();
 }
 
@@ -28,12 +28,12 @@ void ViewFixture::arrange(int count, bool firstActive, bool needsSetup)
                                        QStringLiteral("User %1").arg(i),
                                        QStringLiteral("user%1@example.com").arg(i), QString());
     }
-    m_manager->setProfiles(profiles);
-    m_manager->setActiveProfileID(firstActive && !profiles.isEmpty()
-                                      ? std::optional<QUuid>(profiles.first().id)
-                                      : std::nullopt);
-    m_manager->setNeedsProfileSetup(needsSetup);
-    m_manager->save();
+    manager().setProfiles(profiles);
+    manager().setActiveProfileID(firstActive && !profiles.isEmpty()
+                                     ? std::optional<QUuid>(profiles.first().id)
+                                     : std::nullopt);
+    manager().setNeedsProfileSetup(needsSetup);
+    manager().save();
 }
 
 void ViewFixture::arrangeForTransfer()
@@ -47,15 +47,15 @@ void ViewFixture::arrangeForTransfer()
     const GitProfile laptop =
         GitProfile::create(QStringLiteral("work laptop"), QStringLiteral("Ada L"),
                            QStringLiteral("ada@home.example"), QString());
-    m_manager->setProfiles({work, laptop});
-    m_manager->setActiveProfileID(std::nullopt);
-    m_manager->save();
+    manager().setProfiles({work, laptop});
+    manager().setActiveProfileID(std::nullopt);
+    manager().save();
 }
 
 QStringList ViewFixture::profileNames() const
 {
     QStringList names;
-    for (const GitProfile& profile : m_manager->profiles()) {
+    for (const GitProfile& profile : manager().profiles()) {
         names << profile.name;
     }
     return names;
@@ -64,7 +64,7 @@ QStringList ViewFixture::profileNames() const
 QStringList ViewFixture::profileIds() const
 {
     QStringList ids;
-    for (const GitProfile& profile : m_manager->profiles()) {
+    for (const GitProfile& profile : manager().profiles()) {
         ids << profile.idText();
     }
     return ids;
@@ -73,7 +73,7 @@ QStringList ViewFixture::profileIds() const
 QStringList ViewFixture::profileGitNames() const
 {
     QStringList names;
-    for (const GitProfile& profile : m_manager->profiles()) {
+    for (const GitProfile& profile : manager().profiles()) {
         names << profile.gitName;
     }
     return names;
@@ -82,7 +82,7 @@ QStringList ViewFixture::profileGitNames() const
 int ViewFixture::profilesWithAI() const
 {
     int count = 0;
-    for (const GitProfile& profile : m_manager->profiles()) {
+    for (const GitProfile& profile : manager().profiles()) {
         if (!(profile.aiConfig == AIConfig::empty())) {
             ++count;
         }
@@ -92,7 +92,7 @@ int ViewFixture::profilesWithAI() const
 
 QString ViewFixture::activeProfileID() const
 {
-    return m_manager->activeProfileIDText();
+    return manager().activeProfileIDText();
 }
 
 QString ViewFixture::globalGitName() const

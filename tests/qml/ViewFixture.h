@@ -1,6 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include "activation/ProfileManager.h"
+#include "app/KivoraApp.h"
 #include "support/TestHome.h"
 
 #include <QObject>
@@ -11,7 +15,8 @@
 #include <memory>
 
 // What the view tests arrange and inspect: a temporary home folder with real git, and the
-// profile manager the views are given (the same one for the whole run, as in the program).
+// application whose objects the views are given (the same one for the whole run, as in the
+// program; it is attached to every test file's engine).
 class ViewFixture : public QObject {
     Q_OBJECT
 
@@ -19,7 +24,8 @@ public:
     ViewFixture();
     ~ViewFixture() override;
 
-    ProfileManager& manager() { return *m_manager; }
+    KivoraApp& app() { return *m_app; }
+    ProfileManager& manager() const { return m_app->profileManager(); }
 
     // Replaces the profiles with `count` new ones named "Profile 1", … (git name "User n",
     // e-mail "user<n>@example.com"), makes the first active when asked, and sets whether
@@ -43,5 +49,5 @@ public:
 
 private:
     std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<ProfileManager> m_manager;
+    std::unique_ptr<KivoraApp> m_app;
 };

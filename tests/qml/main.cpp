@@ -1,5 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ViewFixture.h"
-#include "app/QmlHost.h"
 
 #include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
@@ -9,8 +11,9 @@
 
 Q_IMPORT_QML_PLUGIN(KivoraPlugin)
 
-// Gives every test file's engine the module's import path and symbols, and the fixture as
-// the singleton "Fixture" of the module "KivoraTest".
+// Attaches the fixture's application to every test file's engine (its singletons, the
+// module's import path and symbols), and gives the fixture as the singleton "Fixture" of the
+// module "KivoraTest".
 class Setup : public QObject {
     Q_OBJECT
 
@@ -21,7 +24,7 @@ public slots:
         qmlRegisterSingletonInstance("KivoraTest", 1, 0, "Fixture", m_fixture.get());
     }
 
-    void qmlEngineAvailable(QQmlEngine* engine) { QmlHost::prepare(*engine); }
+    void qmlEngineAvailable(QQmlEngine* engine) { m_fixture->app().attach(*engine); }
 
     void cleanupTestCase() { m_fixture.reset(); }
 

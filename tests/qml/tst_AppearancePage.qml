@@ -1,8 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
 import KivoraTest
 
+// The Appearance page: its pickers and switches, each written to the preferences at once.
 // Tall enough that the whole page fits without scrolling, so every control can be clicked.
 Item {
     width: 1100
@@ -18,6 +22,11 @@ Item {
         name: "AppearancePage"
         when: windowShown
 
+        PageReader {
+            id: reader
+            testCase: testCase
+        }
+
         Component {
             id: pageComponent
             AppearanceSettingsView {
@@ -26,13 +35,6 @@ Item {
             }
         }
 
-        Component {
-            id: viewComponent
-            SettingsView {
-                width: 1100
-                height: 650
-            }
-        }
 
         function init() {
             SettingsManager.reset()
@@ -43,35 +45,7 @@ Item {
         }
 
         function makePage() {
-            const page = createTemporaryObject(pageComponent, stage)
-            waitForRendering(page)
-            return page
-        }
-
-        function segment(page, pickerName, label) {
-            return findChild(findChild(page, pickerName), "segment:" + label)
-        }
-
-        // A value as it stands in the preferences file in the temporary home (INI text, as
-        // QSettings writes it on Linux), or undefined when the key is absent.
-        function stored(key) {
-            const text = ProfilesFixture.homeFileText(".config/Kivora/Kivora.conf")
-            let group = "General"
-            for (const raw of text.split("\n")) {
-                const line = raw.trim()
-                if (line.startsWith("[")) {
-                    group = line.slice(1, -1)
-                    continue
-                }
-                const equals = line.indexOf("=")
-                if (group === "General" && equals > 0 && line.slice(0, equals) === key)
-                    return line.slice(equals + 1)
-            }
-            return undefined
-        }
-
-        function relativeLuminance(c) {
-            return 0.2126 * c.r + 0.7152 * c.g + 0.0722 * c.b
+            return reader.make(pageComponent, stage)
         }
 
         function test_header() {
@@ -85,24 +59,24 @@ Item {
         function test_pickersOfferEveryChoiceInOrder() {
             const page = makePage()
             for (const label of ["Dot", "Full Logo", "Text"])
-                verify(segment(page, "iconStylePicker", label), label)
+                verify(reader.segment(page, "iconStylePicker", label), label)
             for (const label of ["System", "Light", "Dark"])
-                verify(segment(page, "appearancePicker", label), label)
-            const dot = segment(page, "iconStylePicker", "Dot")
-            const full = segment(page, "iconStylePicker", "Full Logo")
-            const text = segment(page, "iconStylePicker", "Text")
+                verify(reader.segment(page, "appearancePicker", label), label)
+            const dot = reader.segment(page, "iconStylePicker", "Dot")
+            const full = reader.segment(page, "iconStylePicker", "Full Logo")
+            const text = reader.segment(page, "iconStylePicker", "Text")
             verify(dot.x < full.x && full.x < text.x)
-            const system = segment(page, "appearancePicker", "System")
-            const light = segment(page, "appearancePicker", "Light")
-            const dark = segment(page, "appearancePicker", "Dark")
+            const system = reader.segment(page, "appearancePicker", "System")
+            const light = reader.segment(page, "appearancePicker", "Light")
+            const dark = reader.segment(page, "appearancePicker", "Dark")
             verify(system.x < light.x && light.x < dark.x)
         }
 
         function test_factoryValuesAreShown() {
             const page = makePage()
-            verify(segment(page, "iconStylePicker", "Dot").selected)
-            verify(!segment(page, "iconStylePicker", "Text").selected)
-            verify(segment(page, "appearancePicker", "System").selected)
+            verify(reader.segment(page, "iconStylePicker", "Dot").selected)
+            verify(!reader.segment(page, "iconStylePicker", "Text").selected)
+            verify(reader.segment(page, "appearancePicker", "System").selected)
             compare(findChild(page, "iconStyleDescription").text,
                     "A simple colored dot in the menu bar")
             compare(findChild(page, "appearanceDescription").text,
@@ -126,81 +100,19 @@ Item {
             }
         }
 
-        function test_textStyleChangesThePreviewAtOnce() {
-            const page = makePage()
-            const preview = findChild(page, "preview")
-            verify(findChild(preview, "previewDot").visible)
-            verify(!findChild(preview, "previewLetter").visible)
-
-            mouseClick(segment(page, "iconStylePicker", "Text"))
-            compare(SettingsManager.menuBarIconStyle, "text")
-            compare(stored("menuBarIconStyle"), "text")
-            verify(segment(page, "iconStylePicker", "Text").selected)
-            const letter = findChild(preview, "previewLetter")
-            verify(letter.visible)
-            compare(letter.text, "K")
-            verify(letter.font.bold)
-            compare(letter.font.pixelSize, 16)
-            verify(!findChild(preview, "previewDot").visible)
-            verify(!findChild(preview, "previewLogo").visible)
-            compare(findChild(page, "iconStyleDescription").text,
-                    "Text 'K' displayed in the menu bar")
-        }
-
-        function test_fullLogoStyle() {
-            const page = makePage()
-            mouseClick(segment(page, "iconStylePicker", "Full Logo"))
-            compare(SettingsManager.menuBarIconStyle, "full")
-            compare(stored("menuBarIconStyle"), "full")
-            const logo = findChild(findChild(page, "preview"), "previewLogo")
-            verify(logo.visible)
-            compare(logo.width, 24)
-            compare(logo.height, 24)
-            compare(findChild(page, "iconStyleDescription").text,
-                    "Full Kivora logo icon in the menu bar")
-
-            mouseClick(segment(page, "iconStylePicker", "Dot"))
-            compare(SettingsManager.menuBarIconStyle, "dot")
-            compare(stored("menuBarIconStyle"), "dot")
-            const dot = findChild(findChild(page, "preview"), "previewDot")
-            verify(dot.visible)
-            compare(dot.width, 20)
-            compare(dot.height, 20)
-        }
-
-        function test_emailSwitchRemovesThePreviewLine() {
-            const page = makePage()
-            const line = findChild(findChild(page, "preview"), "previewEmailLine")
-            verify(line.visible)
-            verify(line.text.indexOf(" · ") > 0)
-            verify(line.text.indexOf("@") > 0)
-
-            const toggle = findChild(findChild(page, "showEmailRow"), "toggle")
-            mouseClick(toggle)
-            compare(SettingsManager.showProfileEmail, false)
-            compare(stored("showProfileEmail"), "false")
-            verify(!toggle.checked)
-            verify(!line.visible)
-
-            mouseClick(toggle)
-            compare(SettingsManager.showProfileEmail, true)
-            compare(stored("showProfileEmail"), "true")
-            verify(line.visible)
-        }
-
         function test_compactAndKeySwitchesWriteThrough() {
             const page = makePage()
             const preview = findChild(page, "preview")
             const normalHeight = preview.implicitHeight
             mouseClick(findChild(findChild(page, "compactModeRow"), "toggle"))
             compare(SettingsManager.compactMode, true)
-            compare(stored("compactMode"), "true")
+            compare(reader.stored("compactMode"), "true")
             verify(preview.compact)
             verify(preview.implicitHeight < normalHeight)
 
             mouseClick(findChild(findChild(page, "showSSHKeyRow"), "toggle"))
             compare(SettingsManager.showSSHKey, false)
-            compare(stored("showSSHKey"), "false")
+            compare(reader.stored("showSSHKey"), "false")
             verify(!findChild(findChild(page, "showSSHKeyRow"), "toggle").checked)
         }
 
@@ -213,64 +125,8 @@ Item {
             SettingsManager.reset()
             verify(!toggle.checked)
             SettingsManager.menuBarIconStyle = "text"
-            verify(segment(page, "iconStylePicker", "Text").selected)
-            verify(findChild(findChild(page, "preview"), "previewLetter").visible)
-        }
-
-        function test_previewButtonsDoNothing() {
-            const page = makePage()
-            const before = [SettingsManager.menuBarIconStyle, SettingsManager.appAppearance,
-                            SettingsManager.showProfileEmail, SettingsManager.showSSHKey,
-                            SettingsManager.compactMode]
-            const names = Fixture.profileNames()
-            const file = ProfilesFixture.homeFileText(".config/Kivora/Kivora.conf")
-            for (const name of ["previewAdd", "previewSettings", "previewQuit"])
-                mouseClick(findChild(page, name))
-            compare([SettingsManager.menuBarIconStyle, SettingsManager.appAppearance,
-                     SettingsManager.showProfileEmail, SettingsManager.showSSHKey,
-                     SettingsManager.compactMode], before)
-            compare(ProfilesFixture.homeFileText(".config/Kivora/Kivora.conf"), file)
-            compare(Fixture.profileNames(), names)
-            verify(page.visible)
-        }
-
-        function test_darkAndLightTurnThePageAtOnce() {
-            const page = makePage()
-            mouseClick(segment(page, "appearancePicker", "Dark"))
-            compare(SettingsManager.appAppearance, "Dark")
-            compare(stored("appAppearance"), "Dark")
-            verify(Theme.dark)
-            compare(findChild(page, "appearanceDescription").text, "Always uses dark appearance")
-            verify(relativeLuminance(page.color) < 0.2)
-            verify(relativeLuminance(findChild(page, "pageTitle").color) > 0.8)
-
-            mouseClick(segment(page, "appearancePicker", "Light"))
-            compare(SettingsManager.appAppearance, "Light")
-            compare(stored("appAppearance"), "Light")
-            verify(!Theme.dark)
-            compare(findChild(page, "appearanceDescription").text, "Always uses light appearance")
-            verify(relativeLuminance(page.color) > 0.8)
-            verify(relativeLuminance(findChild(page, "pageTitle").color) < 0.2)
-
-            // System follows the desktop again.
-            mouseClick(segment(page, "appearancePicker", "System"))
-            compare(SettingsManager.appAppearance, "System")
-            compare(stored("appAppearance"), "System")
-            compare(Theme.dark, SystemColorScheme.prefersDark)
-        }
-
-        function test_darkInTheSettingsWindowContent() {
-            const view = createTemporaryObject(viewComponent, stage)
-            mouseClick(findChild(view, "tabRow:Appearance"))
-            tryCompare(findChild(view, "pageTitle"), "text", "Appearance")
-            const sidebar = findChild(view, "sidebar")
-            const page = findChild(view, "pageTitle")
-            mouseClick(findChild(view, "segment:Light"))
-            verify(relativeLuminance(sidebar.color) > 0.8)
-            mouseClick(findChild(view, "segment:Dark"))
-            // The sidebar, outside the page, turns with it.
-            verify(relativeLuminance(sidebar.color) < 0.2)
-            verify(relativeLuminance(page.color) > 0.8)
+            verify(reader.segment(page, "iconStylePicker", "Text").selected)
+            verify(findChild(findChild(page, "preview"), "styleLetter").visible)
         }
     }
 }

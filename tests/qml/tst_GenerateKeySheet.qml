@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -13,21 +16,17 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
         name: "GenerateKeySheet"
         when: windowShown
 
-        Component {
-            id: editorComponent
-            ProfileEditorSheet {
-                anchors.fill: parent
-            }
+        ProfileEditorDriver {
+            id: driver
+            testCase: testCase
+            stage: stage
         }
 
         function init() {
@@ -37,25 +36,15 @@ Item {
         }
 
         function makeEditor(gitEmail) {
-            const editor = createTemporaryObject(editorComponent, stage,
-                                                 { profile: actions.profileTemplate() })
-            editor.gitEmail = gitEmail
+            const editor = driver.makeEditor(actions.profileTemplate())
+            editor.form.gitEmail = gitEmail
             return editor
-        }
-
-        function typeInto(item, text) {
-            item.forceActiveFocus()
-            item.selectAll()
-            keyClick(Qt.Key_Delete)
-            for (const character of text) {
-                keyClick(character)
-            }
         }
 
         // Opens the generation form from the editor's "Generate" button.
         function openForm(editor) {
             mouseClick(findChild(editor, "generateButton"))
-            verify(editor.showGenerateKeySheet)
+            verify(editor.form.showGenerateKeySheet)
             const form = editor.generateKeySheet
             verify(form)
             waitForRendering(form)
@@ -94,20 +83,20 @@ Item {
             const editor = makeEditor("ada@example.com")
             generate(openForm(editor))
             // The form closes as soon as ssh-keygen has finished.
-            verify(!editor.showGenerateKeySheet)
+            verify(!editor.form.showGenerateKeySheet)
             compare(editor.generateKeySheet, null)
             verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519"))
             verify(ProfilesFixture.homeFileExists(".ssh/id_ed25519.pub"))
             compare(publicKeyComment("id_ed25519"), "ada@example.com")
-            compare(editor.sshKeyPath, "~/.ssh/id_ed25519")
+            compare(editor.form.sshKeyPath, "~/.ssh/id_ed25519")
             compare(findChild(editor, "sshKeyPathField").text, "~/.ssh/id_ed25519")
             // No passphrase: the key opens with an empty one.
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
                                                   ProfilesFixture.homePath() + "/.ssh/id_ed25519"]), 0)
 
             // The copy happens half a second later, not at once.
-            verify(!editor.showCopyKeySheet)
-            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            verify(!editor.form.showCopyKeySheet)
+            tryCompare(editor.form, "showCopyKeySheet", true, 5000)
             compare(ProfilesFixture.clipboardText(),
                     ProfilesFixture.homeFileText(".ssh/id_ed25519.pub"))
             verify(ProfilesFixture.clipboardText().endsWith("\n"))
@@ -127,35 +116,35 @@ Item {
             compare(ProfilesFixture.openedUrls()[ProfilesFixture.openedUrls().length - 1],
                     "https://github.com/settings/keys")
             mouseClick(findChild(confirmation, "doneButton"))
-            verify(!editor.showCopyKeySheet)
+            verify(!editor.form.showCopyKeySheet)
             compare(editor.copyKeySheet, null)
         }
 
         function test_passphraseEncryptsTheKey() {
             const editor = makeEditor("ada@example.com")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "locked")
+            driver.typeInto(findChild(form, "keyFilenameField"), "locked")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "open sesame")
-            compare(editor.keyFilename, "locked")
-            compare(editor.usePassphrase, true)
-            compare(editor.passphrase, "open sesame")
+            driver.typeInto(findChild(form, "passphraseField"), "open sesame")
+            compare(editor.form.keyFilename, "locked")
+            compare(editor.form.usePassphrase, true)
+            compare(editor.form.passphrase, "open sesame")
             generate(form)
-            compare(editor.sshKeyPath, "~/.ssh/locked")
+            compare(editor.form.sshKeyPath, "~/.ssh/locked")
             const key = ProfilesFixture.homePath() + "/.ssh/locked"
             verify(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f", key]) !== 0)
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "open sesame", "-f", key]), 0)
-            tryCompare(editor, "showCopyKeySheet", true, 5000)
+            tryCompare(editor.form, "showCopyKeySheet", true, 5000)
             compare(ProfilesFixture.clipboardText(), ProfilesFixture.homeFileText(".ssh/locked.pub"))
         }
 
         function test_emptyPassphraseIsNoPassphrase() {
             const editor = makeEditor("ada@example.com")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "open")
+            driver.typeInto(findChild(form, "keyFilenameField"), "open")
             mouseClick(findChild(form, "passphraseSwitch"))
             generate(form)
-            compare(editor.sshKeyPath, "~/.ssh/open")
+            compare(editor.form.sshKeyPath, "~/.ssh/open")
             compare(ProfilesFixture.runSSHKeygen(["-y", "-P", "", "-f",
                                                   ProfilesFixture.homePath() + "/.ssh/open"]), 0)
         }
@@ -163,7 +152,7 @@ Item {
         function test_emptyEmailGivesThePlaceholderComment() {
             const editor = makeEditor("")
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "anonymous")
+            driver.typeInto(findChild(form, "keyFilenameField"), "anonymous")
             generate(form)
             const comment = publicKeyComment("anonymous")
             verify(comment.endsWith("@example.com"), comment)
@@ -173,29 +162,29 @@ Item {
             ProfilesFixture.writeHomeFile(".ssh/taken", "private\n")
             ProfilesFixture.writeHomeFile(".ssh/taken.pub", "ssh-ed25519 AAAA old\n")
             const editor = makeEditor("ada@example.com")
-            editor.sshKeyPath = "~/.ssh/other"
+            editor.form.sshKeyPath = "~/.ssh/other"
             const form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "taken")
+            driver.typeInto(findChild(form, "keyFilenameField"), "taken")
             generate(form)
             // The form stays open and says why no key was made.
-            verify(editor.showGenerateKeySheet)
+            verify(editor.form.showGenerateKeySheet)
             const error = findChild(form, "generateError")
             verify(error.visible)
             compare(error.text, "The key could not be generated: " + ProfilesFixture.homePath()
                     + "/.ssh/taken already exists.")
             compare(ProfilesFixture.homeFileText(".ssh/taken"), "private\n")
             compare(ProfilesFixture.homeFileText(".ssh/taken.pub"), "ssh-ed25519 AAAA old\n")
-            compare(editor.sshKeyPath, "~/.ssh/other")
+            compare(editor.form.sshKeyPath, "~/.ssh/other")
             // Nothing is copied and no confirmation comes.
             wait(900)
-            verify(!editor.showCopyKeySheet)
+            verify(!editor.form.showCopyKeySheet)
             compare(ProfilesFixture.clipboardText(), "before")
             // What was typed stays, to be corrected; the next attempt uses what is shown.
-            compare(editor.keyFilename, "taken")
-            typeInto(findChild(form, "keyFilenameField"), "untaken")
+            compare(editor.form.keyFilename, "taken")
+            driver.typeInto(findChild(form, "keyFilenameField"), "untaken")
             generate(form)
-            verify(!editor.showGenerateKeySheet)
-            compare(editor.sshKeyPath, "~/.ssh/untaken")
+            verify(!editor.form.showGenerateKeySheet)
+            compare(editor.form.sshKeyPath, "~/.ssh/untaken")
             verify(ProfilesFixture.homeFileExists(".ssh/untaken.pub"))
         }
 
@@ -205,7 +194,7 @@ Item {
             const form = openForm(editor)
             generate(form)
             verify(!ProfilesFixture.homeFileExists(".ssh"))
-            compare(editor.sshKeyPath, "")
+            compare(editor.form.sshKeyPath, "")
             // ssh-keygen's own reason is shown in the form.
             const error = findChild(form, "generateError")
             verify(error.visible)
@@ -216,13 +205,13 @@ Item {
         function test_formIsResetAfterAnAttempt() {
             const editor = makeEditor("ada@example.com")
             let form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "fresh")
+            driver.typeInto(findChild(form, "keyFilenameField"), "fresh")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "pw")
+            driver.typeInto(findChild(form, "passphraseField"), "pw")
             generate(form)
-            compare(editor.keyFilename, "")
-            compare(editor.usePassphrase, false)
-            compare(editor.passphrase, "")
+            compare(editor.form.keyFilename, "")
+            compare(editor.form.usePassphrase, false)
+            compare(editor.form.passphrase, "")
 
             form = openForm(editor)
             compare(findChild(form, "keyFilenameField").text, "")
@@ -235,13 +224,13 @@ Item {
         function test_cancelKeepsWhatWasTyped() {
             const editor = makeEditor("ada@example.com")
             let form = openForm(editor)
-            typeInto(findChild(form, "keyFilenameField"), "later")
+            driver.typeInto(findChild(form, "keyFilenameField"), "later")
             mouseClick(findChild(form, "passphraseSwitch"))
-            typeInto(findChild(form, "passphraseField"), "pw")
+            driver.typeInto(findChild(form, "passphraseField"), "pw")
             mouseClick(findChild(form, "cancelButton"))
-            verify(!editor.showGenerateKeySheet)
+            verify(!editor.form.showGenerateKeySheet)
             verify(!ProfilesFixture.homeFileExists(".ssh/later"))
-            compare(editor.sshKeyPath, "")
+            compare(editor.form.sshKeyPath, "")
 
             form = openForm(editor)
             compare(findChild(form, "keyFilenameField").text, "later")

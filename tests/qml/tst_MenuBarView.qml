@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -98,21 +101,21 @@ Item {
 
         function test_avatarStyles_data() {
             return [
-                { tag: "dot", style: "dot", visible: "avatarDot" },
-                { tag: "full", style: "full", visible: "avatarLogo" },
-                { tag: "text", style: "text", visible: "avatarText" },
+                { tag: "dot", style: "dot", visible: "styleDot" },
+                { tag: "full", style: "full", visible: "styleLogo" },
+                { tag: "text", style: "text", visible: "styleLetter" },
             ]
         }
 
         function test_avatarStyles(data) {
             const view = makeView(1, true, false)
             SettingsManager.menuBarIconStyle = data.style
-            for (const name of ["avatarDot", "avatarLogo", "avatarText"])
+            for (const name of ["styleDot", "styleLogo", "styleLetter"])
                 compare(findChild(view, name).visible, name === data.visible, name)
             if (data.style === "text")
-                compare(findChild(view, "avatarText").text, "K")
+                compare(findChild(view, "styleLetter").text, "K")
             if (data.style === "full")
-                tryCompare(findChild(view, "avatarLogo"), "status", Image.Ready)
+                tryCompare(findChild(view, "styleLogo"), "status", Image.Ready)
         }
 
         function test_clickSwitchesTheGlobalIdentityAndMarksTheRow() {

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -14,10 +17,7 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
@@ -157,9 +157,9 @@ Item {
 
         function test_newProfileGetsItsRulesOnSave() {
             const editor = makeEditor(actions.profileTemplate())
-            editor.name = "Client"
-            editor.gitName = "Ada"
-            editor.gitEmail = "ada@client.example"
+            editor.form.name = "Client"
+            editor.form.gitName = "Ada"
+            editor.form.gitEmail = "ada@client.example"
             const section = findChild(editor, "rulesSection")
             verify(section.ruleList.addRemote("https://git.client.example/**"))
             mouseClick(findChild(editor, "saveButton"))

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -8,10 +11,7 @@ import KivoraTest
 TestCase {
     name: "ProfileTransfer"
 
-    ProfileTransfer {
-        id: transfer
-        manager: ProfileManager
-    }
+    readonly property QtObject transfer: ProfileTransfer
 
     function homeUrl(relative) {
         return "file://" + ProfilesFixture.homePath() + "/" + relative

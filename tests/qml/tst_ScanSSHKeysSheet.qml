@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -49,7 +52,7 @@ Item {
             scannedSpy.target = sheet
             dismissedSpy.clear()
             dismissedSpy.target = sheet
-            tryCompare(sheet, "isScanning", false)
+            tryCompare(sheet.session, "isScanning", false)
             return sheet
         }
 
@@ -63,12 +66,12 @@ Item {
         function test_scanningStepComesFirst() {
             const sheet = createTemporaryObject(sheetComponent, stage)
             // Until the folder is read, only the spinner and its line show.
-            verify(sheet.isScanning)
+            verify(sheet.session.isScanning)
             verify(findChild(sheet, "scanningSpinner").visible)
             compare(findChild(sheet, "scanningText").text, "Scanning ~/.ssh folder...")
             verify(!findChild(sheet, "keyStep").visible)
             verify(!findChild(sheet, "completionStep").visible)
-            tryCompare(sheet, "isScanning", false)
+            tryCompare(sheet.session, "isScanning", false)
             verify(!findChild(sheet, "scanningText").visible)
             compare(sheet.width, 450)
         }
@@ -76,7 +79,7 @@ Item {
         function test_onlyPairsCount() {
             writeKeys(["id_rsa", "id_rsa.pub", "work.pub", "x.pub.pub"])
             const sheet = makeSheet()
-            compare(sheet.keys, ["id_rsa"])
+            compare(sheet.session.keys, ["id_rsa"])
             compare(findChild(sheet, "stepText").text, "SSH Key 1 of 1")
             compare(findChild(sheet, "keyText").text, "Key: id_rsa")
         }
@@ -85,14 +88,14 @@ Item {
             writeKeys(["zeta", "zeta.pub", "id_rsa", "id_rsa.pub", "Work", "Work.pub",
                        "id_ed25519.pub", "id_ed25519"])
             const sheet = makeSheet()
-            compare(sheet.keys, ["Work", "id_ed25519", "id_rsa", "zeta"])
+            compare(sheet.session.keys, ["Work", "id_ed25519", "id_rsa", "zeta"])
             compare(findChild(sheet, "stepText").text, "SSH Key 1 of 4")
             compare(findChild(sheet, "keyText").text, "Key: Work")
         }
 
         function test_noFolderGoesStraightToCompletion() {
             const sheet = makeSheet()
-            compare(sheet.keys, [])
+            compare(sheet.session.keys, [])
             verify(!findChild(sheet, "keyStep").visible)
             verify(findChild(sheet, "completionStep").visible)
             compare(findChild(sheet, "createdText").text, "0 profiles created")
@@ -149,7 +152,7 @@ Item {
             const sheet = makeSheet()
             typeInto(findChild(sheet, "gitNameField"), "Ada")
             mouseClick(findChild(sheet, "addButton"))
-            compare(sheet.profiles.length, 1)
+            compare(sheet.session.profiles.length, 1)
             compare(findChild(sheet, "stepText").text, "SSH Key 2 of 2")
             mouseClick(findChild(sheet, "cancelButton"))
             compare(dismissedSpy.count, 1)
@@ -175,8 +178,8 @@ Item {
             compare(findChild(sheet, "keyText").text, "Key: c")
             compare(name.text, "")
             compare(email.text, "")
-            compare(sheet.gitName, "")
-            compare(sheet.gitEmail, "")
+            compare(sheet.session.gitName, "")
+            compare(sheet.session.gitEmail, "")
         }
     }
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -14,32 +17,17 @@ Item {
         anchors.fill: parent
     }
 
-    ProfileActions {
-        id: actions
-        manager: ProfileManager
-    }
+    readonly property QtObject actions: ProfileActions
 
     TestCase {
         id: testCase
         name: "SigningSection"
         when: windowShown
 
-        Component {
-            id: editorComponent
-            ProfileEditorSheet {
-                objectName: "editor"
-                anchors.fill: parent
-            }
-        }
-
-        SignalSpy {
-            id: savedSpy
-            signalName: "saved"
-        }
-
-        SignalSpy {
-            id: dismissedSpy
-            signalName: "dismissed"
+        ProfileEditorDriver {
+            id: driver
+            testCase: testCase
+            stage: stage
         }
 
         function init() {
@@ -55,12 +43,7 @@ Item {
         }
 
         function makeEditor() {
-            const editor = createTemporaryObject(editorComponent, stage, { profile: actions.profileAt(0) })
-            savedSpy.clear()
-            savedSpy.target = editor
-            dismissedSpy.clear()
-            dismissedSpy.target = editor
-            return editor
+            return driver.makeEditor(actions.profileAt(0))
         }
 
         function signingFile() {
@@ -88,7 +71,7 @@ Item {
             const picker = findChild(editor, "signingKeyPicker")
             compare(picker.model, ["~/.ssh/id_work.pub", "~/.ssh/id_alpha.pub"])
             // A profile without a key is offered every key in the folder.
-            editor.sshKeyPath = ""
+            editor.form.sshKeyPath = ""
             compare(picker.model, ["~/.ssh/id_alpha.pub", "~/.ssh/id_work.pub"])
         }
 
@@ -98,8 +81,8 @@ Item {
             section.form.key = "~/.ssh/id_work.pub"
             section.form.signCommits = true
             editor.save()
-            compare(savedSpy.count, 1)
-            compare(dismissedSpy.count, 1)
+            compare(driver.savedSpy.count, 1)
+            compare(driver.dismissedSpy.count, 1)
             const stored = signingFile()[actions.profileAt(0).id]
             compare(stored.key, "~/.ssh/id_work.pub")
             compare(stored.format, "ssh")
@@ -118,8 +101,8 @@ Item {
             verify(status.visible)
             verify(status.text.indexOf("~/.ssh/missing.pub") >= 0)
             editor.save()
-            compare(savedSpy.count, 0)
-            compare(dismissedSpy.count, 0)
+            compare(driver.savedSpy.count, 0)
+            compare(driver.dismissedSpy.count, 0)
             verify(!ProfilesFixture.homeFileExists(".kivora/signing.json"))
         }
 
@@ -128,7 +111,7 @@ Item {
             const section = findChild(editor, "signingSection")
             section.form.signCommits = true
             editor.save()
-            compare(savedSpy.count, 0)
+            compare(driver.savedSpy.count, 0)
             compare(findChild(editor, "signingStatus").text, "Choose a signing key to sign commits.")
         }
 
@@ -139,7 +122,7 @@ Item {
             compare(section.form.format, "openpgp")
             section.form.signCommits = true
             editor.save()
-            compare(savedSpy.count, 1)
+            compare(driver.savedSpy.count, 1)
             compare(signingFile()[actions.profileAt(0).id].format, "openpgp")
         }
     }

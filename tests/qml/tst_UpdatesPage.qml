@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -16,6 +19,11 @@ Item {
         id: testCase
         name: "UpdatesPage"
         when: windowShown
+
+        PageReader {
+            id: reader
+            testCase: testCase
+        }
 
         Component {
             id: pageComponent
@@ -41,22 +49,6 @@ Item {
         }
 
         // A value of the updater's group in the preferences file in the temporary home.
-        function stored(key) {
-            const text = ProfilesFixture.homeFileText(".config/Kivora/Kivora.conf")
-            let group = "General"
-            for (const raw of text.split("\n")) {
-                const line = raw.trim()
-                if (line.startsWith("[")) {
-                    group = line.slice(1, -1)
-                    continue
-                }
-                const equals = line.indexOf("=")
-                if (group === "updater" && equals > 0 && line.slice(0, equals) === key)
-                    return line.slice(equals + 1)
-            }
-            return undefined
-        }
-
         function makePage() {
             const page = createTemporaryObject(pageComponent, stage)
             waitForRendering(page)
@@ -80,11 +72,11 @@ Item {
             verify(toggle.checked)
             mouseClick(toggle)
             compare(Updater.automaticallyChecksForUpdates, false)
-            compare(stored("automaticallyChecksForUpdates"), "false")
+            compare(reader.stored("automaticallyChecksForUpdates", "updater"), "false")
             verify(!toggle.checked)
             mouseClick(toggle)
             compare(Updater.automaticallyChecksForUpdates, true)
-            compare(stored("automaticallyChecksForUpdates"), "true")
+            compare(reader.stored("automaticallyChecksForUpdates", "updater"), "true")
             verify(toggle.checked)
             // A change made elsewhere shows at once.
             Updater.automaticallyChecksForUpdates = false
@@ -129,7 +121,7 @@ Item {
             tryVerify(() => list.itemAtIndex(2) !== null)
             mouseClick(list.itemAtIndex(2))
             compare(Updater.updateCheckInterval, 2592000)
-            compare(stored("updateCheckInterval"), "2592000")
+            compare(reader.stored("updateCheckInterval", "updater"), "2592000")
             compare(picker.displayText, "Monthly")
             tryVerify(() => !picker.popup.visible)
 
@@ -138,7 +130,7 @@ Item {
             tryVerify(() => list.itemAtIndex(1) !== null)
             mouseClick(list.itemAtIndex(1))
             compare(Updater.updateCheckInterval, 604800)
-            compare(stored("updateCheckInterval"), "604800")
+            compare(reader.stored("updateCheckInterval", "updater"), "604800")
             compare(picker.displayText, "Weekly")
         }
 
@@ -167,7 +159,7 @@ Item {
             compare(Updater.state, Updater.Error)
             compare(Updater.errorMessage, "No update feed is configured.")
             verify(!findChild(page, "lastCheckedRow").visible)
-            compare(stored("lastUpdateCheckDate"), undefined)
+            compare(reader.stored("lastUpdateCheckDate", "updater"), undefined)
         }
 
         function test_aboutSparkle() {

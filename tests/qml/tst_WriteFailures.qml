@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 import QtQuick
 import QtTest
 import Kivora
@@ -114,9 +117,9 @@ Item {
             mouseClick(findChild(page, "addButton"))
             const editor = page.editorSheet
             verify(editor)
-            editor.name = "Work"
-            editor.gitName = "Ada"
-            editor.gitEmail = "ada@work.example"
+            editor.form.name = "Work"
+            editor.form.gitName = "Ada"
+            editor.form.gitEmail = "ada@work.example"
             blockTheProfileFile()
             mouseClick(findChild(editor, "saveButton"))
             // Still open, with the sentence beside Save.

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Kivora
+
+// A borderless text button with an optional leading symbol, as the popover's footer and the
+// sheets' title bars use. Focus shows as a faint background.
+AbstractButton {
+    id: button
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: button.clicked()
+
+    property string symbol
+    property color foreground: Theme.secondaryText
+    property font textFont: Theme.subheadline
+
+    hoverEnabled: true
+    padding: Theme.spacingXS
+    leftPadding: Theme.spacingS
+    rightPadding: Theme.spacingS
+
+    contentItem: Row {
+        spacing: Theme.spacingXS
+        SymbolIcon {
+            visible: button.symbol.length > 0
+            name: button.symbol
+            color: button.foreground
+            size: Theme.symbolM
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Text {
+            text: button.text
+            font: button.textFont
+            color: button.foreground
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.smallRadius
+        color: button.pressed ? Theme.controlBackground
+                              : button.hovered || button.visualFocus
+                                ? Theme.faded(Theme.controlBackground, 0.7) : "transparent"
+        Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+    }
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Kivora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Kivora
+
+// An on/off switch in the palette: accent track when on, a white knob sliding across. With a
+// text, the text stands at the leading edge and the switch at the trailing edge; without
+// one, the control is just the track.
+//
+// `value` is the setting shown and `userToggled` the user's change: the owner writes the
+// setting from it, and the switch always shows the setting, so a refused change springs back.
+Switch {
+    id: control
+
+    property bool value: false
+
+    signal userToggled(bool on)
+
+    checked: value
+    onToggled: {
+        const wanted = checked
+        checked = Qt.binding(() => control.value)
+        control.userToggled(wanted)
+    }
+
+    hoverEnabled: true
+    font: Theme.body
+    padding: 0
+    spacing: text.length > 0 ? Theme.spacingL : 0
+    implicitWidth: text.length > 0 ? implicitContentWidth + implicitIndicatorWidth + spacing
+                                   : implicitIndicatorWidth
+    implicitHeight: Math.max(implicitContentHeight, implicitIndicatorHeight)
+
+    indicator: Rectangle {
+        implicitWidth: Theme.switchWidth
+        implicitHeight: Theme.switchHeight
+        x: control.width - width - control.rightPadding
+        y: control.topPadding + (control.availableHeight - height) / 2
+        radius: height / 2
+        color: control.checked ? Theme.accent : Theme.controlBackground
+        border.width: control.checked && !control.visualFocus ? 0 : 1
+        border.color: control.visualFocus ? Theme.accent : Theme.border
+        opacity: control.enabled ? 1.0 : 0.5
+        Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        Rectangle {
+            readonly property int inset: (parent.height - height) / 2
+            width: Theme.knobSize
+            height: Theme.knobSize
+            radius: height / 2
+            y: inset
+            x: control.checked ? parent.width - width - inset : inset
+            color: "#ffffff"
+            border.width: 1
+            border.color: Qt.rgba(0, 0, 0, 0.1)
+            Behavior on x { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
+        }
+    }
+
+    contentItem: Text {
+        visible: control.text.length > 0
+        rightPadding: control.text.length > 0 ? control.indicator.width + control.spacing : 0
+        text: control.text
+        font: control.font
+        color: Theme.primaryText
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+}
