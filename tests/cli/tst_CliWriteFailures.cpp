@@ -267,13 +267,18 @@ private slots:
         QVERIFY(::chmod(folder.constData(), 0) == 0);
         Result r;
         if (user) {
+            // The build folder may be out of the other user's reach (a clone in root's 0700
+            // home folder): the user runs a copy in the temporary folder everyone can enter.
+            const QString kivora = outer.filePath(QStringLiteral("kivora"));
+            QVERIFY(QFile::exists(kivora) ||
+                    QFile::copy(qEnvironmentVariable("KIVORA_CLI"), kivora));
+            QVERIFY(QFile::setPermissions(kivora, QFileDevice::Permissions(0x7555)));
             QByteArray out;
             QByteArray err;
             r.status = user->run(
                 QStringList{QStringLiteral("/usr/bin/env"), QStringLiteral("HOME=") + home,
                             QStringLiteral("XDG_CONFIG_HOME=") + home + QStringLiteral("/.config"),
-                            QStringLiteral("GIT_CONFIG_NOSYSTEM=1"),
-                            qEnvironmentVariable("KIVORA_CLI")} +
+                            QStringLiteral("GIT_CONFIG_NOSYSTEM=1"), kivora} +
                     command.split(u'|'),
                 {}, &out, &err);
             r.out = QString::fromUtf8(out);

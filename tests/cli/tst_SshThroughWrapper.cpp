@@ -34,6 +34,10 @@ class tst_SshThroughWrapper : public QObject {
     {
         QProcess process;
         process.setStandardInputFile(QProcess::nullDevice());
+        // Started from the root folder: the test's own working folder (in the build folder)
+        // may be out of the test user's reach, and git refuses to run where it cannot read
+        // the current folder.
+        process.setWorkingDirectory(QStringLiteral("/"));
         process.start(program, arguments);
         if (!process.waitForFinished(120000)) {
             process.kill();

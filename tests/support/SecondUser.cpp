@@ -76,6 +76,8 @@ std::unique_ptr<QProcess> SecondUser::start(const QStringList& command) const
 {
     auto process = std::make_unique<QProcess>();
     process->setStandardInputFile(QProcess::nullDevice());
+    // From the root folder: the test's working folder may be out of this user's reach.
+    process->setWorkingDirectory(QStringLiteral("/"));
     process->start(QStringLiteral("/usr/bin/setpriv"), arguments(command));
     return process;
 }
@@ -84,6 +86,7 @@ int SecondUser::run(const QStringList& command, const QByteArray& input, QByteAr
                     QByteArray* err, int timeoutMs) const
 {
     QProcess process;
+    process.setWorkingDirectory(QStringLiteral("/"));
     process.start(QStringLiteral("/usr/bin/setpriv"), arguments(command));
     process.write(input);
     process.closeWriteChannel();
