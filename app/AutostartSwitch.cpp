@@ -17,8 +17,8 @@ void AutostartSwitch::setEnabled(bool enabled)
     } else {
         setErrorMessage(
             (enabled
-                 ? QStringLiteral("Could not turn on start at login: %1 could not be written.")
-                 : QStringLiteral("Could not turn off start at login: %1 could not be removed."))
+                 ? tr("Could not turn on start at login: %1 could not be written.")
+                 : tr("Could not turn off start at login: %1 could not be removed."))
                 .arg(Autostart::path()));
         emit failed(m_errorMessage);
     }

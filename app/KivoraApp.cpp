@@ -14,6 +14,7 @@
 #include "app/StartupTrace.h"
 #include "app/SystemColorScheme.h"
 #include "app/SystemFont.h"
+#include "app/Translations.h"
 #include "app/TrayIcon.h"
 #include "app/UpdaterPresenter.h"
 #include "app/WindowRegistry.h"
@@ -118,6 +119,7 @@ KivoraApp::KivoraApp(const Options& options, QObject* parent)
       m_profileTransfer(std::make_unique<ProfileTransfer>(*m_profileManager)),
       m_providerCatalogue(std::make_unique<AIProviderCatalogue>())
 {
+    Translations::install();
     // These live as long as the application: no engine may take one over and delete it.
     for (QObject* shared : std::initializer_list<QObject*>{
              m_settings.get(), m_aiContext.get(), m_profileManager.get(), m_updater.get(),

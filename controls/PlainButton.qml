@@ -6,7 +6,7 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // A borderless text button with an optional leading symbol, as the popover's footer and the
-// sheets' title bars use. Focus shows as a faint background.
+// sheets' title bars use. Focus shows as the focus ring; Space and Return press it.
 AbstractButton {
     id: button
 
@@ -18,6 +18,17 @@ AbstractButton {
     padding: Theme.spacingXS
     leftPadding: Theme.spacingS
     rightPadding: Theme.spacingS
+    Accessible.name: text
+
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    Keys.onEnterPressed: event => button.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        if (button.enabled) {
+            button.clicked()
+        }
+    }
 
     contentItem: Row {
         spacing: Theme.spacingXS
@@ -39,8 +50,13 @@ AbstractButton {
     background: Rectangle {
         radius: Theme.smallRadius
         color: button.pressed ? Theme.controlBackground
-                              : button.hovered || button.visualFocus
+                              : button.hovered
                                 ? Theme.faded(Theme.controlBackground, 0.7) : "transparent"
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: button.visualFocus
+            itemRadius: Theme.smallRadius
+        }
     }
 }

@@ -23,7 +23,19 @@ AbstractButton {
     implicitWidth: size
     implicitHeight: size
     hoverEnabled: true
+    // Only a symbol on screen: the tooltip is what a screen reader says.
     Accessible.name: tooltip
+    Accessible.role: Accessible.Button
+
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    Keys.onEnterPressed: event => button.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        if (button.enabled) {
+            button.clicked()
+        }
+    }
 
     ToolTip.text: tooltip
     ToolTip.visible: hovered && tooltip.length > 0
@@ -44,7 +56,10 @@ AbstractButton {
         opacity: button.pressed ? Math.min(1, button.fillOpacity * 2)
                                 : button.hovered ? Math.min(1, button.fillOpacity * 1.4)
                                                  : button.fillOpacity
-        border.width: button.visualFocus ? 1 : 0
-        border.color: Theme.accent
+    }
+
+    FocusRing {
+        shown: button.visualFocus
+        itemRadius: button.radius
     }
 }

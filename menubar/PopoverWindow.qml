@@ -6,11 +6,17 @@ import QtQuick.Window
 import Kivora
 
 // The popover's window: frameless beside the tray icon (the application places it), closed
-// by Escape. The application closes it when it loses focus.
+// by Escape. The application closes it when it loses focus. Each time it opens, the keyboard
+// focus is on the active profile's row.
 Window {
     id: window
 
     title: "Kivora"
+
+    onVisibleChanged: {
+        if (visible)
+            view.focusActiveRow()
+    }
     width: view.implicitWidth
     height: view.implicitHeight
     minimumWidth: view.implicitWidth
@@ -32,10 +38,5 @@ Window {
         color: "transparent"
         border.color: Theme.border
         border.width: 1
-    }
-
-    Shortcut {
-        sequence: "Escape"
-        onActivated: window.hide()
     }
 }

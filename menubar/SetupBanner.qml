@@ -12,7 +12,16 @@ AbstractButton {
 
     hoverEnabled: true
     padding: Theme.spacingML
-    text: "Setup required - click to configure profiles"
+    text: qsTr("Setup required - click to configure profiles")
+    Accessible.name: text
+
+    Keys.onReturnPressed: event => banner.pressByKey(event)
+    Keys.onEnterPressed: event => banner.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        banner.clicked()
+    }
 
     contentItem: RowLayout {
         spacing: Theme.spacingM
@@ -38,8 +47,14 @@ AbstractButton {
     background: Rectangle {
         radius: Theme.cornerRadius
         color: Theme.warningBackground
-        border.width: banner.visualFocus ? 2 : 1
-        border.color: Theme.faded(Theme.orange, banner.hovered || banner.visualFocus ? 0.45 : 0.25)
+        border.width: 1
+        border.color: Theme.faded(Theme.orange, banner.hovered ? 0.45 : 0.25)
         Behavior on border.color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: banner.visualFocus
+            inset: true
+            itemRadius: Theme.cornerRadius
+        }
     }
 }

@@ -17,6 +17,17 @@ AbstractButton {
     hoverEnabled: true
     padding: Theme.spacingXXS
     font: Theme.body
+    Accessible.role: Accessible.Link
+    Accessible.name: text
+    Accessible.description: String(url)
+
+    Keys.onReturnPressed: event => link.pressByKey(event)
+    Keys.onEnterPressed: event => link.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        link.clicked()
+    }
 
     HoverHandler { cursorShape: Qt.PointingHandCursor }
     ToolTip.text: String(link.url)
@@ -40,5 +51,10 @@ AbstractButton {
         }
     }
 
-    background: Item {}
+    background: Item {
+        FocusRing {
+            shown: link.visualFocus
+            itemRadius: Theme.smallRadius
+        }
+    }
 }

@@ -17,7 +17,7 @@ Rectangle {
     readonly property int padding: compact ? Theme.spacingM : Theme.spacingXL
 
     // Obviously made-up sample identity.
-    readonly property string sampleName: "Alex Sample"
+    readonly property string sampleName: qsTr("Alex Sample")
     readonly property string sampleWorkEmail: "alex@work.example"
     readonly property string samplePersonalEmail: "alex@personal.example"
 
@@ -50,7 +50,7 @@ Rectangle {
                 spacing: Theme.spacingXXS
                 Text {
                     objectName: "previewProfileName"
-                    text: "Work"
+                    text: qsTr("Work")
                     font: Theme.headline
                     color: Theme.primaryText
                 }
@@ -86,16 +86,16 @@ Rectangle {
             // Shown only: pressing them does nothing.
             PlainButton {
                 objectName: "previewAdd"
-                text: "Add"
+                text: qsTr("Add")
             }
             Item { Layout.fillWidth: true }
             PlainButton {
                 objectName: "previewSettings"
-                text: "Settings"
+                text: qsTr("Settings")
             }
             PlainButton {
                 objectName: "previewQuit"
-                text: "Quit"
+                text: qsTr("Quit")
             }
         }
     }

@@ -54,9 +54,9 @@ Item {
     Component {
         id: exportDialog
         FileDialog {
-            title: "Export Profiles"
+            title: qsTr("Export Profiles")
             fileMode: FileDialog.SaveFile
-            nameFilters: ["JSON files (*.json)"]
+            nameFilters: [qsTr("JSON files (*.json)")]
             defaultSuffix: "json"
             currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
             selectedFile: StandardPaths.writableLocation(StandardPaths.HomeLocation)
@@ -72,9 +72,9 @@ Item {
     Component {
         id: importDialog
         FileDialog {
-            title: "Import Profiles"
+            title: qsTr("Import Profiles")
             fileMode: FileDialog.OpenFile
-            nameFilters: ["JSON files (*.json)"]
+            nameFilters: [qsTr("JSON files (*.json)")]
             currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
             onAccepted: {
                 view.importProfiles(selectedFile)
@@ -129,6 +129,8 @@ Item {
                 Layout.margins: Theme.spacingL
                 visible: ProfileTransfer.error.length > 0
                 text: ProfileTransfer.error
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
                 font: Theme.subheadline
                 color: Theme.red
                 wrapMode: Text.Wrap

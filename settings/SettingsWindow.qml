@@ -10,7 +10,7 @@ import Kivora
 Window {
     id: window
 
-    title: "Kivora Settings"
+    title: qsTr("Kivora Settings")
     width: 1100
     height: 650
     minimumWidth: 1100

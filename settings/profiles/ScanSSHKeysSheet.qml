@@ -12,6 +12,9 @@ Rectangle {
     id: sheet
 
     readonly property KeyScanSession session: keyScan
+    // The button Return presses: Add while keys are asked about, Done at the end.
+    readonly property Item defaultButton: keyScan.isComplete ? doneButton
+                                                             : keyScan.isAsking ? addButton : null
 
     // The collected entries, each a scannedKey.
     signal scanned(var entries)
@@ -73,7 +76,7 @@ Rectangle {
             objectName: "scanningText"
             visible: keyScan.isScanning
             Layout.alignment: Qt.AlignHCenter
-            text: "Scanning ~/.ssh folder..."
+            text: qsTr("Scanning ~/.ssh folder...")
             font: Theme.subheadline
             color: Theme.secondaryText
         }
@@ -86,14 +89,14 @@ Rectangle {
             spacing: Theme.spacingXS
             Text {
                 objectName: "stepText"
-                text: "SSH Key " + (keyScan.currentIndex + 1) + " of " + keyScan.keys.length
+                text: qsTr("SSH Key %1 of %2").arg(keyScan.currentIndex + 1).arg(keyScan.keys.length)
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 objectName: "keyText"
                 Layout.fillWidth: true
-                text: "Key: " + keyScan.currentKey
+                text: qsTr("Key: %1").arg(keyScan.currentKey)
                 font: Theme.subheadline
                 color: Theme.secondaryText
                 elide: Text.ElideMiddle
@@ -107,14 +110,14 @@ Rectangle {
                 id: gitNameField
                 objectName: "gitNameField"
                 Layout.fillWidth: true
-                placeholderText: "Git Name"
+                placeholderText: qsTr("Git Name")
                 text: keyScan.gitName
                 onTextEdited: keyScan.gitName = text
             }
             TextInputField {
                 objectName: "gitEmailField"
                 Layout.fillWidth: true
-                placeholderText: "Git Email"
+                placeholderText: qsTr("Git Email")
                 text: keyScan.gitEmail
                 onTextEdited: keyScan.gitEmail = text
             }
@@ -125,18 +128,19 @@ Rectangle {
             spacing: Theme.spacingM
             PushButton {
                 objectName: "cancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: sheet.dismissed()
             }
             Item { Layout.fillWidth: true }
             PushButton {
                 objectName: "skipButton"
-                text: "Skip"
+                text: qsTr("Skip")
                 onClicked: keyScan.nextKey()
             }
             PushButton {
+                id: addButton
                 objectName: "addButton"
-                text: "Add"
+                text: qsTr("Add")
                 prominent: true
                 onClicked: keyScan.addCurrentKey()
             }
@@ -158,7 +162,7 @@ Rectangle {
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacingXS
                 horizontalAlignment: Text.AlignHCenter
-                text: "Import Complete"
+                text: qsTr("Import Complete")
                 font: Theme.headline
                 color: Theme.primaryText
             }
@@ -171,10 +175,11 @@ Rectangle {
                 color: Theme.secondaryText
             }
             PushButton {
+                id: doneButton
                 objectName: "doneButton"
                 Layout.alignment: Qt.AlignHCenter
                 Layout.topMargin: Theme.spacingL
-                text: "Done"
+                text: qsTr("Done")
                 prominent: true
                 onClicked: sheet.done()
             }
