@@ -15,19 +15,22 @@ QtObject {
 
     required property Item root
     property Item current: null
-    // Bumped when the rows change, so that `tabStop` is worked out again.
-    property int revision: 0
+    // Worked out again (`refresh`) soon after the rows change and at once when one is focused.
+    property Item tabStop: null
 
-    readonly property Item tabStop: {
-        navigator.revision
+    readonly property Timer refreshSoon: Timer {
+        interval: 0
+        onTriggered: navigator.refresh()
+    }
+
+    function refresh() {
         const all = navigator.rows()
-        if (navigator.current && all.indexOf(navigator.current) >= 0)
-            return navigator.current
-        return navigator.preferredRow(all)
+        navigator.tabStop = navigator.current && all.indexOf(navigator.current) >= 0
+                            ? navigator.current : navigator.preferredRow(all)
     }
 
     // The row marked preferred, else the first; null without rows.
-    function preferredRow(all: list<Item>): Item {
+    function preferredRow(all: var): Item {
         for (const row of all) {
             if (row.preferredStop === true)
                 return row
@@ -40,10 +43,12 @@ QtObject {
         return navigator.focusRow(navigator.preferredRow(navigator.rows()))
     }
 
-    function rows(): list<Item> {
+    function rows(): var {
         const found = []
         const visit = item => {
-            for (const child of item.children) {
+            const children = item.children
+            for (let i = 0; i < children.length; ++i) {
+                const child = children[i]
                 if (!child.visible)
                     continue
                 if (child.navigable === true)
@@ -58,11 +63,12 @@ QtObject {
     }
 
     function changed() {
-        navigator.revision++
+        navigator.refreshSoon.restart()
     }
 
     function focused(row: Item) {
         navigator.current = row
+        navigator.tabStop = row
         navigator.reveal(row)
     }
 
@@ -70,7 +76,7 @@ QtObject {
     function focusRow(row: Item): bool {
         if (!row)
             return false
-        navigator.current = row
+        // The row's focus handler makes it the current row and the Tab stop.
         row.forceActiveFocus(Qt.TabFocusReason)
         navigator.reveal(row)
         return true

@@ -44,10 +44,11 @@ Rectangle {
     function chooseByKey(index: int) {
         if (index < 0 || index >= choices.length)
             return
-        picker.activated(choices[index].rawValue)
+        // The focus moves first: the segment left may stop being a Tab stop only without it.
         const segment = repeater.itemAt(index)
         if (segment)
             segment.forceActiveFocus(Qt.TabFocusReason)
+        picker.activated(choices[index].rawValue)
     }
 
     Accessible.role: Accessible.Grouping

@@ -33,6 +33,12 @@ Item {
 
     Keys.onEscapePressed: view.dismissRequested()
 
+    Timer {
+        id: refocus
+        interval: 0
+        onTriggered: view.focusActiveRow()
+    }
+
     implicitWidth: Theme.popoverWidth
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins
 
@@ -131,7 +137,12 @@ Item {
                         onSwitchRequested: view.switchTo(profileId)
                         onOpenTerminalRequested: Profiles.openTerminal(profileId)
                         onEditRequested: view.editingProfile = profileId
-                        onDeleteRequested: Profiles.remove(profileId)
+                        onDeleteRequested: {
+                            // The deleted row may have had the keyboard: it goes on from the
+                            // active profile's row. (Before the removal, which ends this row.)
+                            refocus.restart()
+                            Profiles.remove(profileId)
+                        }
                     }
                 }
             }

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Window
 import Kivora
 
 // One profile in the popover: status dot, name and identity, a brief "Switched" mark after a
@@ -47,9 +48,14 @@ Item {
             row.deleteRequested()
     }
 
-    function openMenu() {
-        const menu = menuComponent.createObject(row) as RowActionsMenu
-        menu.openAt(row)
+    function openMenu(atKeyboard: bool) {
+        const window = row.Window.window
+        const menu = menuComponent.createObject(window ? window.contentItem : row,
+                                                { origin: row }) as RowActionsMenu
+        if (atKeyboard)
+            menu.openAt(row)
+        else
+            menu.popup()
     }
 
     implicitHeight: layout.implicitHeight + 2 * Theme.spacingM
@@ -74,7 +80,7 @@ Item {
         } else if (event.key === Qt.Key_Menu
                    || (event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier))) {
             event.accepted = true
-            row.openMenu()
+            row.openMenu(true)
         }
     }
 
@@ -92,7 +98,6 @@ Item {
         RowActionsMenu {
             actions: row.actions
             onTriggered: name => row.trigger(name)
-            onClosed: destroy()
         }
     }
 
@@ -113,7 +118,7 @@ Item {
     TapHandler { onTapped: row.switchRequested() }
     TapHandler {
         acceptedButtons: Qt.RightButton
-        onTapped: row.openMenu()
+        onTapped: row.openMenu(false)
     }
 
     RowLayout {

@@ -46,7 +46,9 @@ Popup {
     onOpened: {
         const wanted = dialog.hasKey ? "deleteProfileOnlyButton" : "deleteButton"
         const visit = item => {
-            for (const child of item.children) {
+            const children = item.children
+            for (let i = 0; i < children.length; ++i) {
+                const child = children[i]
                 if (child.objectName === wanted)
                     return child
                 const found = visit(child)

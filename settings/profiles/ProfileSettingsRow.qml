@@ -4,6 +4,7 @@
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Layouts
+import QtQuick.Window
 import Kivora
 
 // One profile on the profiles page: the active mark, the name and identity (a click
@@ -53,7 +54,9 @@ Item {
     }
 
     function openMenu(atKeyboard: bool) {
-        const menu = menuComponent.createObject(row) as RowActionsMenu
+        const window = row.Window.window
+        const menu = menuComponent.createObject(window ? window.contentItem : row,
+                                                { origin: row }) as RowActionsMenu
         if (atKeyboard)
             menu.openAt(row)
         else
@@ -98,7 +101,6 @@ Item {
         RowActionsMenu {
             actions: row.actions
             onTriggered: name => row.trigger(name)
-            onClosed: destroy()
         }
     }
 
