@@ -3,6 +3,8 @@
 
 #include "activation/CommitGuard.h"
 
+#include <QCoreApplication>
+
 #include "activation/ShellIntegration.h"
 #include "model/AtomicFile.h"
 
@@ -145,7 +147,7 @@ bool CommitGuard::enable(QString* error) const
     }
     const QString folder = hooksFolder();
     if (!AtomicFile::makePrivateFolder(folder)) {
-        return fail(QStringLiteral("could not create %1.").arg(folder));
+        return fail(QCoreApplication::translate("CommitGuard", "could not create %1.").arg(folder));
     }
     const auto executable = AtomicFile::privateFile | QFileDevice::ExeOwner;
     for (const QString& name : hookNames()) {
@@ -153,7 +155,7 @@ bool CommitGuard::enable(QString* error) const
             name == QStringLiteral("pre-commit") || name == QStringLiteral("pre-merge-commit");
         if (!AtomicFile::write(folder + u'/' + name, hookText(name, m_kivora, checks),
                                executable)) {
-            return fail(QStringLiteral("could not write the hooks in %1.").arg(folder));
+            return fail(QCoreApplication::translate("CommitGuard", "could not write the hooks in %1.").arg(folder));
         }
     }
     if (state() == State::on) {
@@ -162,7 +164,7 @@ bool CommitGuard::enable(QString* error) const
     const GitResult set = git(m_programs.env, {QStringLiteral("config"), QStringLiteral("--global"),
                                                hooksPathKey, folder});
     if (set.status != 0) {
-        return fail(QStringLiteral("git could not set core.hooksPath; is ~/.gitconfig writable?"));
+        return fail(QCoreApplication::translate("CommitGuard", "git could not set core.hooksPath; is ~/.gitconfig writable?"));
     }
     return true;
 }
@@ -176,7 +178,7 @@ bool CommitGuard::disable(QString* error) const
         if (unset.status != 0) {
             if (error) {
                 *error =
-                    QStringLiteral("git could not unset core.hooksPath; is ~/.gitconfig writable?");
+                    QCoreApplication::translate("CommitGuard", "git could not unset core.hooksPath; is ~/.gitconfig writable?");
             }
             return false;
         }

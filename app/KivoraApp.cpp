@@ -14,7 +14,7 @@
 #include "app/StartupTrace.h"
 #include "app/SystemColorScheme.h"
 #include "app/SystemFont.h"
-#include "app/Translations.h"
+#include "model/Translations.h"
 #include "app/TrayIcon.h"
 #include "app/UpdaterPresenter.h"
 #include "app/WindowRegistry.h"

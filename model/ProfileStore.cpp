@@ -3,6 +3,8 @@
 
 #include "model/ProfileStore.h"
 
+#include <QCoreApplication>
+
 #include "model/AtomicFile.h"
 #include "model/LeftoverTemporaryFiles.h"
 #include "model/PrivateFolder.h"
@@ -28,8 +30,8 @@ std::optional<StoredData> ProfileStore::load(QString* error, QByteArray* read) c
     if (!bytes) {
         if (error) {
             *error = reader.failure() == RegularFileReader::Failure::Missing
-                         ? QStringLiteral("%1 does not exist").arg(m_path)
-                         : QStringLiteral("%1 cannot be read: %2").arg(m_path, reader.error());
+                         ? QCoreApplication::translate("ProfileStore", "%1 does not exist").arg(m_path)
+                         : QCoreApplication::translate("ProfileStore", "%1 cannot be read: %2").arg(m_path, reader.error());
         }
         return std::nullopt;
     }
@@ -39,7 +41,7 @@ std::optional<StoredData> ProfileStore::load(QString* error, QByteArray* read) c
     QString why;
     auto data = ProfileCodec::decodeStore(*bytes, &why);
     if (!data && error) {
-        *error = QStringLiteral("%1 cannot be read as profiles: %2").arg(m_path, why);
+        *error = QCoreApplication::translate("ProfileStore", "%1 cannot be read as profiles: %2").arg(m_path, why);
     }
     return data;
 }

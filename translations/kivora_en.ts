@@ -41,6 +41,37 @@
     </message>
 </context>
 <context>
+    <name>AIConnectionTester</name>
+    <message>
+        <source>API key not configured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Azure endpoint not configured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid URL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid API key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not connect to local server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AISettingsView</name>
     <message>
         <source>AI</source>
@@ -162,6 +193,21 @@
     </message>
 </context>
 <context>
+    <name>Appcast</name>
+    <message>
+        <source>The update feed is empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed is not an RSS feed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed is not valid XML: %1 (line %2, column %3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AppearanceSettingsView</name>
     <message>
         <source>Appearance</source>
@@ -224,6 +270,51 @@
     </message>
     <message>
         <source>Could not turn off start at login: %1 could not be removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CommandRunner</name>
+    <message>
+        <source>%1 could not be started</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 exited with status %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 crashed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CommitGuard</name>
+    <message>
+        <source>could not create %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>could not write the hooks in %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>git could not set core.hooksPath; is ~/.gitconfig writable?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>git could not unset core.hooksPath; is ~/.gitconfig writable?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CommitSigning</name>
+    <message>
+        <source>Could not change commit signing in the global git configuration.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write the allowed signers file %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -465,6 +556,40 @@
     </message>
 </context>
 <context>
+    <name>JsonGuard</name>
+    <message>
+        <source>is not valid JSON</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nests arrays and objects deeper than %1 levels</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KeyFileRemoval</name>
+    <message>
+        <source>%1 leads to no file, so nothing was deleted there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not inside ~/.ssh, so it was not deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a regular file, so it was not deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is one of ssh&apos;s own files, not a key, so it was not deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be deleted: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KeyScanSession</name>
     <message numerus="yes">
         <source>%n profile(s) created</source>
@@ -482,6 +607,45 @@
     </message>
     <message>
         <source>SSH Key Generated</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KivoraCli</name>
+    <message numerus="yes">
+        <source>Exported %n profile(s) to %1.</source>
+        <translation>
+            <numerusform>Exported %n profile to %1.</numerusform>
+            <numerusform>Exported %n profiles to %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %n profile(s).</source>
+        <translation>
+            <numerusform>Imported %n profile.</numerusform>
+            <numerusform>Imported %n profiles.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %n rule(s) to %1.</source>
+        <translation>
+            <numerusform>Exported %n rule to %1.</numerusform>
+            <numerusform>Exported %n rules to %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %n rule(s).</source>
+        <translation>
+            <numerusform>Imported %n rule.</numerusform>
+            <numerusform>Imported %n rules.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 rule named no profile of yours or no folder or pattern, and was left out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 rules named no profile of yours or no folder or pattern, and were left out.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -651,6 +815,31 @@
     </message>
 </context>
 <context>
+    <name>ProfileLock</name>
+    <message>
+        <source>%1 is not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>another Kivora process kept them locked for %n second(s)</source>
+        <translation>
+            <numerusform>another Kivora process kept them locked for %n second</numerusform>
+            <numerusform>another Kivora process kept them locked for %n seconds</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ProfileManager</name>
+    <message>
+        <source>the profiles could not be saved to %1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>git did not take the new identity (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ProfileRow</name>
     <message>
         <source>Open Terminal</source>
@@ -755,6 +944,21 @@
     </message>
 </context>
 <context>
+    <name>ProfileStore</name>
+    <message>
+        <source>%1 does not exist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read as profiles: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ProfileTransfer</name>
     <message>
         <source>the profiles could not be exported to %1 (%2)</source>
@@ -823,6 +1027,45 @@
     </message>
 </context>
 <context>
+    <name>RegularFileReader</name>
+    <message>
+        <source>a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a FIFO</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a socket</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it does not exist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is %1, not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is larger than %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RelativeTime</name>
     <message numerus="yes">
         <source>%n year(s)</source>
@@ -872,6 +1115,47 @@
             <numerusform>%n second</numerusform>
             <numerusform>%n seconds</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>RuleStore</name>
+    <message>
+        <source>cannot read %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a rule file (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no rule list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a rule without profile, kind or pattern</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RuleSync</name>
+    <message>
+        <source>cannot write %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot create %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SSHKeyGenerator</name>
+    <message>
+        <source>%1 already exists</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ssh-keygen exited with status %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1161,6 +1445,13 @@
     </message>
 </context>
 <context>
+    <name>ShellIntegration</name>
+    <message>
+        <source>%1 could not be written (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SigningForm</name>
     <message>
         <source>Choose a signing key to sign commits.</source>
@@ -1207,6 +1498,25 @@
     </message>
     <message>
         <source>Signed with the OpenPGP key through gpg.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SigningStore</name>
+    <message>
+        <source>%1 is not a signing settings file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not read %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not valid JSON.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1277,6 +1587,37 @@
     </message>
     <message>
         <source>Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Updater</name>
+    <message>
+        <source>No update feed is configured.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed address is not valid: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed is too large.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed answered HTTP %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed did not answer within %1 seconds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not reach the update feed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update feed lists no releases.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

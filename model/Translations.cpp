@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/Translations.h"
+#include "model/Translations.h"
 
 #include <QCoreApplication>
 #include <QFile>
