@@ -49,6 +49,8 @@ Window {
                 spacing: Theme.spacingS
                 Text {
                     objectName: "updaterHeadline"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
                     font: Theme.headline
                     color: Theme.primaryText
@@ -65,6 +67,8 @@ Window {
                 }
                 Text {
                     objectName: "updaterDetail"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
                     font: Theme.body
                     color: Theme.secondaryText

@@ -51,6 +51,7 @@ ComboBox {
     hoverEnabled: true
     Accessible.name: label
     Accessible.description: displayText
+    Accessible.onPressAction: picker.popup.open()
     implicitHeight: Theme.controlHeight
     leftPadding: Theme.spacingML
     rightPadding: Theme.spacingSheet

@@ -19,6 +19,9 @@ AbstractButton {
     leftPadding: Theme.spacingS
     rightPadding: Theme.spacingS
     Accessible.name: text
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: if (button.enabled) button.clicked()
 
     Keys.onReturnPressed: event => button.pressByKey(event)
     Keys.onEnterPressed: event => button.pressByKey(event)

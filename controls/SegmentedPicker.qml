@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import QtQuick.Layouts
 import Kivora
 
@@ -54,7 +55,9 @@ Rectangle {
     Accessible.role: Accessible.Grouping
     Accessible.name: label
 
-    component SegmentButton: AbstractButton {
+    // A radio button to assistive technology (the role of a plain button could not be
+    // changed); it is never checked by a click itself, the picker's value decides.
+    component SegmentButton: T.RadioButton {
         id: segment
 
         required property var modelData
@@ -65,12 +68,13 @@ Rectangle {
         objectName: "segment:" + modelData.displayName
         text: modelData.displayName
         hoverEnabled: true
+        checkable: false
+        checked: selected
+        autoExclusive: false
         // The Tab chain stops at the selected segment only (the first when none is).
         focusPolicy: index === Math.max(0, picker.selectedIndex) ? Qt.StrongFocus : Qt.ClickFocus
-        Accessible.role: Accessible.RadioButton
         Accessible.name: text
-        Accessible.checkable: true
-        Accessible.checked: selected
+        Accessible.onPressAction: picker.activated(modelData.rawValue)
         Keys.onLeftPressed: picker.chooseByKey(index - 1)
         Keys.onUpPressed: picker.chooseByKey(index - 1)
         Keys.onRightPressed: picker.chooseByKey(index + 1)

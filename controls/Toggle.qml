@@ -28,6 +28,17 @@ Switch {
 
     hoverEnabled: true
     Accessible.name: text
+    // Assistive technology toggles it as a click would: Qt 6.4's controls offer the actions
+    // but do nothing on them.
+    Accessible.onToggleAction: control.toggleByAssistant()
+    Accessible.onPressAction: control.toggleByAssistant()
+
+    function toggleByAssistant() {
+        if (!control.enabled)
+            return
+        control.toggle()
+        control.toggled()
+    }
     font: Theme.body
     padding: 0
     spacing: text.length > 0 ? Theme.spacingL : 0

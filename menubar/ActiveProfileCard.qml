@@ -53,6 +53,8 @@ Rectangle {
 
             Text {
                 objectName: "noProfileText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 visible: !card.hasProfile
                 text: qsTr("No profile selected")
                 font: Theme.subheadline
@@ -61,6 +63,8 @@ Rectangle {
 
             Text {
                 objectName: "activeProfileName"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 visible: card.hasProfile
                 Layout.fillWidth: true
                 text: card.profile.name ?? ""

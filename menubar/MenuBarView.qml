@@ -103,8 +103,6 @@ Item {
         ScrollView {
             id: profileScroll
             objectName: "profileList"
-            Accessible.role: Accessible.List
-            Accessible.name: qsTr("Profiles")
             Layout.fillWidth: true
             Layout.preferredHeight: Math.min(profileColumn.implicitHeight, view.listMaximumHeight)
             Layout.maximumHeight: view.listMaximumHeight
@@ -113,6 +111,8 @@ Item {
 
             Column {
                 id: profileColumn
+                Accessible.role: Accessible.List
+                Accessible.name: qsTr("Profiles")
                 width: profileScroll.availableWidth
                 spacing: Theme.spacingXXS
                 topPadding: Theme.spacingXXS

@@ -14,6 +14,9 @@ AbstractButton {
     padding: Theme.spacingML
     text: qsTr("Setup required - click to configure profiles")
     Accessible.name: text
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: banner.clicked()
 
     Keys.onReturnPressed: event => banner.pressByKey(event)
     Keys.onEnterPressed: event => banner.pressByKey(event)

@@ -83,18 +83,21 @@ Rectangle {
             Layout.fillWidth: true
             spacing: Theme.spacingXS
 
-            // Shown only: pressing them does nothing.
+            // Shown only: pressing them does nothing, and the keyboard passes them by.
             PlainButton {
                 objectName: "previewAdd"
+                focusPolicy: Qt.NoFocus
                 text: qsTr("Add")
             }
             Item { Layout.fillWidth: true }
             PlainButton {
                 objectName: "previewSettings"
+                focusPolicy: Qt.NoFocus
                 text: qsTr("Settings")
             }
             PlainButton {
                 objectName: "previewQuit"
+                focusPolicy: Qt.NoFocus
                 text: qsTr("Quit")
             }
         }

@@ -26,6 +26,17 @@ Rectangle {
 
     readonly property Item focusedItem: Window.activeFocusItem
 
+    // Page Up and Page Down scroll the page while the keyboard is in it.
+    Keys.onPressed: event => {
+        const flick = scroll.contentItem as Flickable
+        if (!flick || (event.key !== Qt.Key_PageDown && event.key !== Qt.Key_PageUp))
+            return
+        const step = flick.height * 0.9 * (event.key === Qt.Key_PageDown ? 1 : -1)
+        flick.contentY = Math.max(0, Math.min(Math.max(0, flick.contentHeight - flick.height),
+                                              flick.contentY + step))
+        event.accepted = true
+    }
+
     onFocusedItemChanged: {
         const flick = scroll.contentItem as Flickable
         const item = container.focusedItem
@@ -76,6 +87,9 @@ Rectangle {
                 Text {
                     objectName: "pageTitle"
                     text: container.title
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
+                    Accessible.description: container.subtitle
                     font: Theme.title
                     color: Theme.primaryText
                 }

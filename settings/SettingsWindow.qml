@@ -19,6 +19,12 @@ Window {
     maximumHeight: 650
     color: Theme.windowBackground
 
+    // Ctrl+W closes it, as it closes a window in the desktop's own applications.
+    Shortcut {
+        sequences: [StandardKey.Close]
+        onActivated: window.close()
+    }
+
     Loader {
         anchors.fill: parent
         active: window.visible

@@ -41,6 +41,8 @@ Rectangle {
         }
         Text {
             objectName: "sheetTitle"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.alignment: Qt.AlignHCenter
             text: qsTr("SSH Key Generated!")
             font: Theme.headline
@@ -48,6 +50,8 @@ Rectangle {
         }
         Text {
             objectName: "copiedText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.alignment: Qt.AlignHCenter
             text: qsTr("Your public key has been copied to clipboard.")
             font: Theme.subheadline
@@ -73,6 +77,8 @@ Rectangle {
 
                 Text {
                     objectName: "instructionText"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
                     text: qsTr("Paste your key in GitHub Settings → SSH and GPG keys → New SSH key")
                     font: Theme.subheadline

@@ -42,6 +42,8 @@ Rectangle {
 
         Text {
             objectName: "sheetTitle"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             text: qsTr("Generate SSH Key")
             font: Theme.headline
             color: Theme.primaryText

@@ -47,6 +47,8 @@ SettingsSection {
     SettingsCard {
         Text {
             objectName: "noRulesText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             visible: section.ruleList.rules.length === 0
             Layout.fillWidth: true
             text: qsTr("Only when it is the active profile.")

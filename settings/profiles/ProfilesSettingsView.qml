@@ -134,6 +134,8 @@ SettingsContainer {
                 }
                 Text {
                     objectName: "countText"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     text: page.countText
                     font: Theme.subheadline
                     color: Theme.secondaryText

