@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Window
 import QtQuick.Dialogs
 import QtCore
 import Kivora
@@ -39,6 +40,22 @@ Item {
         return ProfileTransfer.importFrom(file)
     }
 
+    // The control the keyboard was on when a file dialog opened; it has the keyboard again
+    // when the dialog closes.
+    property Item focusBeforeDialog: null
+
+    function openDialog(component: Component) {
+        view.focusBeforeDialog = view.Window.activeFocusItem
+        const dialog = component.createObject(view) as FileDialog
+        dialog.open()
+    }
+
+    function dialogClosed() {
+        if (view.focusBeforeDialog)
+            view.focusBeforeDialog.forceActiveFocus(Qt.TabFocusReason)
+        view.focusBeforeDialog = null
+    }
+
     function resetAllSettings() {
         SettingsManager.reset()
     }
@@ -63,9 +80,13 @@ Item {
                           + "/kivora-profiles.json"
             onAccepted: {
                 view.exportProfiles(selectedFile)
+                view.dialogClosed()
                 destroy()
             }
-            onRejected: destroy()
+            onRejected: {
+                view.dialogClosed()
+                destroy()
+            }
         }
     }
 
@@ -78,9 +99,13 @@ Item {
             currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
             onAccepted: {
                 view.importProfiles(selectedFile)
+                view.dialogClosed()
                 destroy()
             }
-            onRejected: destroy()
+            onRejected: {
+                view.dialogClosed()
+                destroy()
+            }
         }
     }
 
@@ -99,8 +124,8 @@ Item {
             onSearchTextChanged: view.searchText = searchText
             onTabSelected: tab => view.selectedTab = tab
             onFavoriteToggled: tab => view.toggleFavorite(tab)
-            onExportRequested: (exportDialog.createObject(view) as FileDialog).open()
-            onImportRequested: (importDialog.createObject(view) as FileDialog).open()
+            onExportRequested: view.openDialog(exportDialog)
+            onImportRequested: view.openDialog(importDialog)
             onResetRequested: view.resetAllSettings()
         }
 

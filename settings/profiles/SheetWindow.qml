@@ -67,6 +67,24 @@ Window {
             button.clicked()
     }
 
+    // A sheet comes up with the keyboard, as a dialog does (asked again until the window is
+    // there to take it), and gives it back to its owner when it goes.
+    readonly property Timer activation: Timer {
+        property int tries: 0
+        interval: 50
+        repeat: true
+        running: !sheetWindow.active && tries < 40
+        onTriggered: {
+            tries++
+            sheetWindow.requestActivate()
+        }
+    }
+
+    Component.onDestruction: {
+        if (owner)
+            owner.requestActivate()
+    }
+
     onClosing: close => {
         close.accepted = false
         sheetWindow.dismissRequested()
