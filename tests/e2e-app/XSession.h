@@ -33,7 +33,8 @@ public:
     // Runs a helper on the display and returns its trimmed standard output.
     QString run(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
                 int timeoutMs = 10000) const;
-    void click(int x, int y, int button = 1) const;
+    static constexpr int leftButton = 1;
+    void click(int x, int y, int button = leftButton) const;
     void move(int x, int y) const;
     // The first visible window whose name matches the pattern, waiting for it.
     std::optional<QString> waitForWindow(const QString& namePattern, int timeoutMs) const;
