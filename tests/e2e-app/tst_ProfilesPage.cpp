@@ -301,6 +301,8 @@ void tst_ProfilesPage::scanKeysWithTheKeyboard()
     // The git name is focused; Return is Add.
     QVERIFY2(m_driver->waitForFocus(*scan, text, QStringLiteral("Git Name")),
              qPrintable(m_driver->describeFocus(*scan)));
+    QThread::msleep(400);
+    QVERIFY(m_driver->saveScreenshot(*scan, QStringLiteral("scan-sheet-light.png")));
     m_driver->type(QStringLiteral("Ada Lovelace"));
     m_driver->key(QStringLiteral("Tab"));
     m_driver->type(QStringLiteral("ada@work.example"));
@@ -413,6 +415,18 @@ void tst_ProfilesPage::screenshotsInLightMode()
     QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-openai-light.png")));
     m_driver->key(QStringLiteral("Escape"));
     QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    // The editor of the second profile (Local).
+    QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Work")));
+    m_driver->key(QStringLiteral("Down Menu Return"));
+    editor = m_driver->window(QStringLiteral("Edit Profile"));
+    QVERIFY(editor);
+    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
+    QThread::msleep(500);
+    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-local-light.png")));
+    m_driver->key(QStringLiteral("Escape"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Local Models")));
+    m_driver->key(QStringLiteral("Up"));
     // The delete confirmation of the first profile (it has a key), its first button focused.
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Work")));
     m_driver->key(QStringLiteral("Menu Down Return"));
@@ -451,6 +465,30 @@ void tst_ProfilesPage::screenshotsInDarkMode()
     QThread::msleep(500);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("delete-dialog-dark.png")));
     m_driver->key(QStringLiteral("Escape"));
+    QTRY_VERIFY_WITH_TIMEOUT(!m_driver->control(*settings, QStringLiteral("dialog"),
+                                                QStringLiteral("Delete Profile"), 0),
+                             5000);
+    // The first profile's editor (OpenAI), and the key scan at its first key.
+    QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Local Models")));
+    m_driver->key(QStringLiteral("Up Menu Return"));
+    editor = m_driver->window(QStringLiteral("Edit Profile"));
+    QVERIFY(editor);
+    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
+    QThread::msleep(500);
+    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-openai-dark.png")));
+    m_driver->key(QStringLiteral("Escape"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    m_driver->key(QStringLiteral("ctrl+f"));
+    QVERIFY(tabTo(*settings, button, QStringLiteral("Scan SSH Keys")));
+    m_driver->key(QStringLiteral("Return"));
+    const auto scan = m_driver->window(QStringLiteral("Scan SSH Keys"));
+    QVERIFY(scan);
+    QVERIFY(m_driver->waitForFocus(*scan, text, QStringLiteral("Git Name")));
+    QThread::msleep(400);
+    QVERIFY(m_driver->saveScreenshot(*scan, QStringLiteral("scan-sheet-dark.png")));
+    m_driver->key(QStringLiteral("Escape"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Scan SSH Keys")));
+    QCOMPARE(stored()->profiles.size(), 3);
     m_driver->stopApp();
 }
 
