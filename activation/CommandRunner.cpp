@@ -4,7 +4,6 @@
 #include "activation/CommandRunner.h"
 
 #include <QCoreApplication>
-
 #include <QProcess>
 #include <QStringDecoder>
 
@@ -92,7 +91,8 @@ std::optional<QString> CommandRunner::attempt(const QStringList& arguments) cons
     process.setInputChannelMode(QProcess::ForwardedInputChannel);
     process.start();
     if (!process.waitForFinished(-1)) {
-        return QCoreApplication::translate("CommandRunner", "%1 could not be started").arg(arguments.value(0));
+        return QCoreApplication::translate("CommandRunner", "%1 could not be started")
+            .arg(arguments.value(0));
     }
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
         return std::nullopt;
@@ -109,7 +109,8 @@ std::optional<QString> CommandRunner::attempt(const QStringList& arguments) cons
                    ? QCoreApplication::translate("CommandRunner", "%1 exited with status %2")
                          .arg(arguments.value(0))
                          .arg(process.exitCode())
-                   : QCoreApplication::translate("CommandRunner", "%1 crashed").arg(arguments.value(0));
+                   : QCoreApplication::translate("CommandRunner", "%1 crashed")
+                         .arg(arguments.value(0));
     }
     return line;
 }

@@ -3,11 +3,10 @@
 
 #include "activation/CommitGuard.h"
 
-#include <QCoreApplication>
-
 #include "activation/ShellIntegration.h"
 #include "model/AtomicFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -155,7 +154,9 @@ bool CommitGuard::enable(QString* error) const
             name == QStringLiteral("pre-commit") || name == QStringLiteral("pre-merge-commit");
         if (!AtomicFile::write(folder + u'/' + name, hookText(name, m_kivora, checks),
                                executable)) {
-            return fail(QCoreApplication::translate("CommitGuard", "could not write the hooks in %1.").arg(folder));
+            return fail(
+                QCoreApplication::translate("CommitGuard", "could not write the hooks in %1.")
+                    .arg(folder));
         }
     }
     if (state() == State::on) {
@@ -164,7 +165,8 @@ bool CommitGuard::enable(QString* error) const
     const GitResult set = git(m_programs.env, {QStringLiteral("config"), QStringLiteral("--global"),
                                                hooksPathKey, folder});
     if (set.status != 0) {
-        return fail(QCoreApplication::translate("CommitGuard", "git could not set core.hooksPath; is ~/.gitconfig writable?"));
+        return fail(QCoreApplication::translate(
+            "CommitGuard", "git could not set core.hooksPath; is ~/.gitconfig writable?"));
     }
     return true;
 }
@@ -177,8 +179,8 @@ bool CommitGuard::disable(QString* error) const
                                  QStringLiteral("--unset"), hooksPathKey});
         if (unset.status != 0) {
             if (error) {
-                *error =
-                    QCoreApplication::translate("CommitGuard", "git could not unset core.hooksPath; is ~/.gitconfig writable?");
+                *error = QCoreApplication::translate(
+                    "CommitGuard", "git could not unset core.hooksPath; is ~/.gitconfig writable?");
             }
             return false;
         }

@@ -3,11 +3,10 @@
 
 #include "activation/CommitSigning.h"
 
-#include <QCoreApplication>
-
 #include "model/AtomicFile.h"
 #include "model/HomePath.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -169,7 +168,8 @@ bool CommitSigning::apply(const std::optional<SigningSettings>& settings, QStrin
         ok = false;
     }
     if (!ok && error) {
-        *error = QCoreApplication::translate("CommitSigning", "Could not change commit signing in the global git configuration.");
+        *error = QCoreApplication::translate(
+            "CommitSigning", "Could not change commit signing in the global git configuration.");
     }
     return ok;
 }
@@ -241,7 +241,9 @@ bool CommitSigning::writeAllowedSigners(const QList<GitProfile>& profiles,
         ok = setValue(allowedSignersKey, path);
     }
     if (!ok && error) {
-        *error = QCoreApplication::translate("CommitSigning", "Could not write the allowed signers file %1.").arg(path);
+        *error = QCoreApplication::translate("CommitSigning",
+                                             "Could not write the allowed signers file %1.")
+                     .arg(path);
     }
     return ok;
 }

@@ -3,8 +3,6 @@
 
 #include "activation/RuleSync.h"
 
-#include <QCoreApplication>
-
 #include "activation/CommandRunner.h"
 #include "activation/CommitSigning.h"
 #include "activation/GitConfigText.h"
@@ -16,6 +14,7 @@
 #include "model/HomePath.h"
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -158,7 +157,8 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
                 if (!AtomicFile::write(include,
                                        profileText(profile, sshCommand(profile), profileSigning),
                                        AtomicFile::privateFile)) {
-                    return fail(QCoreApplication::translate("RuleSync", "cannot write %1").arg(include));
+                    return fail(
+                        QCoreApplication::translate("RuleSync", "cannot write %1").arg(include));
                 }
                 wanted.insert(include);
             }
@@ -167,12 +167,14 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
                     .arg(GitConfigText::quotedValue(include))
                     .arg(i + 1);
             if (!AtomicFile::write(ruleFile(i + 1), ruleText.toUtf8(), AtomicFile::privateFile)) {
-                return fail(QCoreApplication::translate("RuleSync", "cannot write %1").arg(ruleFile(i + 1)));
+                return fail(QCoreApplication::translate("RuleSync", "cannot write %1")
+                                .arg(ruleFile(i + 1)));
             }
             wanted.insert(ruleFile(i + 1));
         }
         if (!AtomicFile::write(rulesFile(), rulesText(rules), AtomicFile::privateFile)) {
-            return fail(QCoreApplication::translate("RuleSync", "cannot write %1").arg(rulesFile()));
+            return fail(
+                QCoreApplication::translate("RuleSync", "cannot write %1").arg(rulesFile()));
         }
         wanted.insert(rulesFile());
     }

@@ -3,11 +3,10 @@
 
 #include "activation/SigningStore.h"
 
-#include <QCoreApplication>
-
 #include "model/AtomicFile.h"
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -39,7 +38,9 @@ QHash<QUuid, SigningSettings> SigningStore::load(QString* error) const
         return QHash<QUuid, SigningSettings>();
     };
     if (!info.isFile() || info.size() > maximumSize) {
-        return fail(QCoreApplication::translate("SigningStore", "%1 is not a signing settings file.").arg(m_path));
+        return fail(
+            QCoreApplication::translate("SigningStore", "%1 is not a signing settings file.")
+                .arg(m_path));
     }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -48,7 +49,8 @@ QHash<QUuid, SigningSettings> SigningStore::load(QString* error) const
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
     if (parseError.error != QJsonParseError::NoError || !document.isObject()) {
-        return fail(QCoreApplication::translate("SigningStore", "%1 is not valid JSON.").arg(m_path));
+        return fail(
+            QCoreApplication::translate("SigningStore", "%1 is not valid JSON.").arg(m_path));
     }
     const QJsonObject object = document.object();
     for (auto it = object.begin(); it != object.end(); ++it) {

@@ -71,16 +71,10 @@ public:
 
     // Texts of the verdicts.
     static QString notConfiguredMessage() { return tr("API key not configured"); }
-    static QString azureEndpointMissingMessage()
-    {
-        return tr("Azure endpoint not configured");
-    }
+    static QString azureEndpointMissingMessage() { return tr("Azure endpoint not configured"); }
     static QString invalidUrlMessage() { return tr("Invalid URL"); }
     static QString invalidKeyMessage() { return tr("Invalid API key"); }
-    static QString localFailureMessage()
-    {
-        return tr("Could not connect to local server");
-    }
+    static QString localFailureMessage() { return tr("Could not connect to local server"); }
     // What a transfer that ran out of time reports.
     static QString timedOutMessage() { return tr("The request timed out."); }
 

@@ -21,11 +21,9 @@ TrayIcon::TrayIcon(AutostartSwitch& autostart, QObject* parent)
     m_tray.setIcon(QIcon(QStringLiteral(":/qt/qml/Kivora/assets/kivora-logo.svg")));
     m_tray.setToolTip(QStringLiteral("Kivora"));
 
-    m_menu.addAction(tr("Open Kivora"), this,
-                     [this] { emit openRequested(geometry()); });
+    m_menu.addAction(tr("Open Kivora"), this, [this] { emit openRequested(geometry()); });
     m_menu.addAction(QStringLiteral("Settings…"), this, &TrayIcon::settingsRequested);
-    m_menu.addAction(tr("Check for Updates…"), this,
-                     &TrayIcon::checkForUpdatesRequested);
+    m_menu.addAction(tr("Check for Updates…"), this, &TrayIcon::checkForUpdatesRequested);
     m_menu.addSeparator();
     QAction* startAtLogin = m_menu.addAction(tr("Start at Login"));
     startAtLogin->setCheckable(true);

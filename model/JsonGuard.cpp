@@ -66,7 +66,8 @@ private:
     bool deepEnough()
     {
         if (m_isObject.size() > std::size_t(JsonGuard::maxDepth)) {
-            problem = QCoreApplication::translate("JsonGuard", "nests arrays and objects deeper than %1 levels")
+            problem = QCoreApplication::translate("JsonGuard",
+                                                  "nests arrays and objects deeper than %1 levels")
                           .arg(JsonGuard::maxDepth);
             return false;
         }
@@ -98,7 +99,9 @@ bool JsonGuard::check(const QByteArray& bytes, QString* error)
         ok = false;
     }
     if (!ok && error) {
-        *error = checker.problem.isEmpty() ? QCoreApplication::translate("JsonGuard", "is not valid JSON") : checker.problem;
+        *error = checker.problem.isEmpty()
+                     ? QCoreApplication::translate("JsonGuard", "is not valid JSON")
+                     : checker.problem;
     }
     return ok;
 }

@@ -4,7 +4,6 @@
 #include "model/ProfileLock.h"
 
 #include <QCoreApplication>
-
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -60,7 +59,8 @@ ProfileLock::Outcome ProfileLock::lock(QString* error, int timeoutMs)
     if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
         ::close(fd);
         if (error) {
-            *error = QCoreApplication::translate("ProfileLock", "%1 is not a regular file").arg(m_path);
+            *error =
+                QCoreApplication::translate("ProfileLock", "%1 is not a regular file").arg(m_path);
         }
         return Outcome::Unavailable;
     }

@@ -4,7 +4,6 @@
 #include "model/RegularFileReader.h"
 
 #include <QCoreApplication>
-
 #include <QFile>
 
 #include <cerrno>
@@ -75,28 +74,35 @@ std::optional<QByteArray> RegularFileReader::read(const QString& path)
     if (::stat(name.constData(), &before) != 0) {
         const int error = errno;
         return error == ENOENT || error == ENOTDIR
-                   ? fail(Failure::Missing, QCoreApplication::translate("RegularFileReader", "it does not exist"))
+                   ? fail(Failure::Missing,
+                          QCoreApplication::translate("RegularFileReader", "it does not exist"))
                    : fail(Failure::Unreadable, systemError(error));
     }
     if (!S_ISREG(before.st_mode)) {
         return fail(Failure::NotRegular,
-                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file").arg(kindOfMode(before.st_mode)));
+                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file")
+                        .arg(kindOfMode(before.st_mode)));
     }
 
     // Opened without blocking and looked at again, in case the file was swapped meanwhile.
     const int fd = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (fd < 0) {
         const int error = errno;
-        return error == ENOENT ? fail(Failure::Missing, QCoreApplication::translate("RegularFileReader", "it does not exist"))
-                               : fail(Failure::Unreadable, systemError(error));
+        return error == ENOENT
+                   ? fail(Failure::Missing,
+                          QCoreApplication::translate("RegularFileReader", "it does not exist"))
+                   : fail(Failure::Unreadable, systemError(error));
     }
     struct stat opened {};
     if (::fstat(fd, &opened) != 0 || !S_ISREG(opened.st_mode)) {
         ::close(fd);
         return fail(Failure::NotRegular,
-                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file").arg(kindOfMode(opened.st_mode)));
+                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file")
+                        .arg(kindOfMode(opened.st_mode)));
     }
-    const QString tooLarge = QCoreApplication::translate("RegularFileReader", "it is larger than %1").arg(megabytes(m_limit));
+    const QString tooLarge =
+        QCoreApplication::translate("RegularFileReader", "it is larger than %1")
+            .arg(megabytes(m_limit));
     if (opened.st_size > m_limit) {
         ::close(fd);
         return fail(Failure::TooLarge, tooLarge);

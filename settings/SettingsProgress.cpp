@@ -16,11 +16,14 @@ struct ProgressInfo {
 };
 
 constexpr ProgressInfo progressInfo[] = {
-    {SettingsProgress::Configured, QT_TRANSLATE_NOOP("SettingsProgress", "Configured"), "checkmark.circle.fill", "green",
+    {SettingsProgress::Configured, QT_TRANSLATE_NOOP("SettingsProgress", "Configured"),
+     "checkmark.circle.fill", "green",
      QT_TRANSLATE_NOOP("SettingsProgress", "This feature is fully configured")},
-    {SettingsProgress::ComingSoon, QT_TRANSLATE_NOOP("SettingsProgress", "Coming Soon"), "clock.fill", "orange",
+    {SettingsProgress::ComingSoon, QT_TRANSLATE_NOOP("SettingsProgress", "Coming Soon"),
+     "clock.fill", "orange",
      QT_TRANSLATE_NOOP("SettingsProgress", "This feature is coming in a future update")},
-    {SettingsProgress::NeedsSetup, QT_TRANSLATE_NOOP("SettingsProgress", "Needs Setup"), "exclamationmark.triangle.fill", "red",
+    {SettingsProgress::NeedsSetup, QT_TRANSLATE_NOOP("SettingsProgress", "Needs Setup"),
+     "exclamationmark.triangle.fill", "red",
      QT_TRANSLATE_NOOP("SettingsProgress", "This feature requires some setup")},
 };
 

@@ -18,15 +18,24 @@ struct TabInfo {
 };
 
 constexpr TabInfo tabInfo[] = {
-    {SettingsTab::Profiles, QT_TRANSLATE_NOOP("SettingsTab", "Profiles"), "person.2.fill", QT_TRANSLATE_NOOP("SettingsTab", "General")},
-    {SettingsTab::AI, QT_TRANSLATE_NOOP("SettingsTab", "AI"), "sparkles", QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
-    {SettingsTab::SSH, QT_TRANSLATE_NOOP("SettingsTab", "SSH"), "key.fill", QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
-    {SettingsTab::Appearance, QT_TRANSLATE_NOOP("SettingsTab", "Appearance"), "paintbrush.fill", QT_TRANSLATE_NOOP("SettingsTab", "General")},
-    {SettingsTab::Hooks, QT_TRANSLATE_NOOP("SettingsTab", "Hooks"), "terminal.fill", QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
-    {SettingsTab::Notifications, QT_TRANSLATE_NOOP("SettingsTab", "Notifications"), "bell.fill", QT_TRANSLATE_NOOP("SettingsTab", "General")},
-    {SettingsTab::Sync, QT_TRANSLATE_NOOP("SettingsTab", "Sync"), "arrow.triangle.2.circlepath", QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
-    {SettingsTab::About, QT_TRANSLATE_NOOP("SettingsTab", "About"), "info.circle.fill", QT_TRANSLATE_NOOP("SettingsTab", "Account")},
-    {SettingsTab::Updates, QT_TRANSLATE_NOOP("SettingsTab", "Updates"), "arrow.down.circle.fill", QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::Profiles, QT_TRANSLATE_NOOP("SettingsTab", "Profiles"), "person.2.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::AI, QT_TRANSLATE_NOOP("SettingsTab", "AI"), "sparkles",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::SSH, QT_TRANSLATE_NOOP("SettingsTab", "SSH"), "key.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::Appearance, QT_TRANSLATE_NOOP("SettingsTab", "Appearance"), "paintbrush.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::Hooks, QT_TRANSLATE_NOOP("SettingsTab", "Hooks"), "terminal.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::Notifications, QT_TRANSLATE_NOOP("SettingsTab", "Notifications"), "bell.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::Sync, QT_TRANSLATE_NOOP("SettingsTab", "Sync"), "arrow.triangle.2.circlepath",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::About, QT_TRANSLATE_NOOP("SettingsTab", "About"), "info.circle.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Account")},
+    {SettingsTab::Updates, QT_TRANSLATE_NOOP("SettingsTab", "Updates"), "arrow.down.circle.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
 };
 
 const TabInfo* info(int tab)

@@ -3,10 +3,9 @@
 
 #include "updates/Appcast.h"
 
-#include <QCoreApplication>
-
 #include "updates/VersionComparator.h"
 
+#include <QCoreApplication>
 #include <QXmlStreamReader>
 
 namespace {
@@ -119,7 +118,8 @@ std::optional<QList<AppcastItem>> Appcast::parse(const QByteArray& document, con
         }
     }
     if (xml.hasError()) {
-        return fail(QCoreApplication::translate("Appcast", "The update feed is not valid XML: %1 (line %2, column %3).")
+        return fail(QCoreApplication::translate(
+                        "Appcast", "The update feed is not valid XML: %1 (line %2, column %3).")
                         .arg(xml.errorString())
                         .arg(xml.lineNumber())
                         .arg(xml.columnNumber()));

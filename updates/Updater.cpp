@@ -289,8 +289,7 @@ void Updater::onReplyFinished()
         finishWithError(tr("The update feed did not answer within %1 seconds.")
                             .arg((m_transferTimeout.count() + 999) / 1000));
     } else if (error != QNetworkReply::NoError) {
-        finishWithError(
-            tr("Could not reach the update feed: %1").arg(reply->errorString()));
+        finishWithError(tr("Could not reach the update feed: %1").arg(reply->errorString()));
     } else {
         QString problem;
         const auto items = Appcast::parse(reply->readAll(), reply->url(), &problem);

@@ -111,8 +111,7 @@ QString ProfileRuleList::summary() const
     for (const QVariant& rule : rules()) {
         parts << rule.toMap().value(QStringLiteral("shown")).toString();
     }
-    return parts.isEmpty() ? QString()
-                           : tr("Used in %1").arg(parts.join(QStringLiteral(", ")));
+    return parts.isEmpty() ? QString() : tr("Used in %1").arg(parts.join(QStringLiteral(", ")));
 }
 
 void ProfileRuleList::setErrorText(const QString& text)

@@ -7,9 +7,10 @@
 #include "support/TestHome.h"
 
 #include <QElapsedTimer>
-#include <functional>
 #include <QStandardPaths>
 #include <QThread>
+
+#include <functional>
 
 namespace {
 
@@ -207,9 +208,9 @@ bool AppDriver::focusWindow(const QString& title) const
 bool AppDriver::clickTrayIcon() const
 {
     // Trayer embeds the icon as a small window of the application's own, icon-sized.
-    const QString ids = x().run(QStringLiteral("xdotool"),
-                                {QStringLiteral("search"), QStringLiteral("--classname"),
-                                 QStringLiteral("kivora-app")});
+    const QString ids =
+        x().run(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--classname"),
+                                            QStringLiteral("kivora-app")});
     constexpr int largestIcon = 64;
     for (const QString& id : ids.split(u'\n', Qt::SkipEmptyParts)) {
         const QRect area = x().geometry(id);

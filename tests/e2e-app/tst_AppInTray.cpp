@@ -34,7 +34,8 @@ private slots:
 private:
     std::optional<StoredData> stored() const
     {
-        return ProfileCodec::decodeStore(m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+        return ProfileCodec::decodeStore(
+            m_home->read(QStringLiteral(".git-switcher/profiles.json")));
     }
     AppDriver::Node popover();
     AppDriver::Node row(const AppDriver::Node& popover, const QString& name);
@@ -72,7 +73,8 @@ void tst_AppInTray::initTestCase()
     m_driver = std::make_unique<AppDriver>();
     QString problem;
     QVERIFY2(m_driver->startDesktop(*m_home, &problem), qPrintable(problem));
-    QVERIFY2(m_driver->launch(), "the application did not start, or is not on the accessibility bus");
+    QVERIFY2(m_driver->launch(),
+             "the application did not start, or is not on the accessibility bus");
 }
 
 void tst_AppInTray::cleanupTestCase()
@@ -119,10 +121,12 @@ void tst_AppInTray::arrowsAndSpaceSwitchTheGlobalIdentity()
 {
     const AppDriver::Node shown = popover();
     QVERIFY(shown.isValid());
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
     m_driver->key(QStringLiteral("Down"));
-    QVERIFY2(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")),
-             qPrintable(m_driver->describeFocus(shown)));
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")),
+        qPrintable(m_driver->describeFocus(shown)));
     // Moving switches nothing.
     QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("User 1"));
     QThread::msleep(300);
@@ -146,12 +150,14 @@ void tst_AppInTray::arrowsAndSpaceSwitchTheGlobalIdentity()
 
     // End, then Return: the last profile.
     m_driver->key(QStringLiteral("End"));
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
     m_driver->key(QStringLiteral("Return"));
     QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),
                               QStringLiteral("User 4"), 10000);
     m_driver->key(QStringLiteral("Home"));
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
 }
 
 void tst_AppInTray::rowsSayNameIdentityAndWhetherActive()
@@ -174,7 +180,8 @@ void tst_AppInTray::rowsSayNameIdentityAndWhetherActive()
                  name);
     }
     QVERIFY(m_driver->control(shown, QStringLiteral("list"), QStringLiteral("Profiles"), 2000));
-    const auto sync = m_driver->control(shown, QStringLiteral("label"), QStringLiteral("iCloud Sync"), 2000);
+    const auto sync =
+        m_driver->control(shown, QStringLiteral("label"), QStringLiteral("iCloud Sync"), 2000);
     QVERIFY(sync);
     QCOMPARE(a11y.description(*sync), QStringLiteral("Local only"));
 }
@@ -196,7 +203,8 @@ void tst_AppInTray::menuKeyOffersTheRowsActionsAndDeleteRemoves()
     QVERIFY(shown.isValid());
     // To the last row; Shift+F10 opens its actions.
     m_driver->key(QStringLiteral("End"));
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
     m_driver->key(QStringLiteral("shift+F10"));
     for (const char* name : {"Open Terminal", "Edit", "Delete"}) {
         QVERIFY2(m_driver->control(shown, QStringLiteral("menu item"), QLatin1String(name), 5000),
@@ -206,11 +214,11 @@ void tst_AppInTray::menuKeyOffersTheRowsActionsAndDeleteRemoves()
     QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-row-menu-light.png")));
     // Escape closes the menu and leaves the popover open, the row focused.
     m_driver->key(QStringLiteral("Escape"));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_driver->control(shown, QStringLiteral("menu item"),
-                                                QStringLiteral("Delete"), 0),
-                             5000);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        !m_driver->control(shown, QStringLiteral("menu item"), QStringLiteral("Delete"), 0), 5000);
     QVERIFY(m_driver->window(QStringLiteral("Kivora"), 0));
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
     // The Menu key, then Delete: the profile is gone from the file; nothing else changes.
     const QString activeName = m_home->gitConfig(QStringLiteral("user.name"));
     m_driver->key(QStringLiteral("Menu"));
@@ -223,8 +231,9 @@ void tst_AppInTray::menuKeyOffersTheRowsActionsAndDeleteRemoves()
     }
     QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), activeName);
     // The keyboard goes on from the active profile's row.
-    QVERIFY2(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")),
-             qPrintable(m_driver->describeFocus(shown)));
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")),
+        qPrintable(m_driver->describeFocus(shown)));
 }
 
 void tst_AppInTray::secondLaunchShowsTheRunningPopover()
@@ -250,8 +259,9 @@ void tst_AppInTray::settingsWindowOpensFromThePopover()
     // Tab from the list to "Add Profile", then Return.
     QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QString()));
     m_driver->key(QStringLiteral("Tab"));
-    QVERIFY2(m_driver->waitForFocus(shown, QStringLiteral("push button"), QStringLiteral("Add Profile")),
-             qPrintable(m_driver->describeFocus(shown)));
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("push button"), QStringLiteral("Add Profile")),
+        qPrintable(m_driver->describeFocus(shown)));
     m_driver->key(QStringLiteral("Return"));
     const auto settings = m_driver->window(QStringLiteral("Kivora Settings"));
     QVERIFY2(settings, "no settings window");
@@ -282,11 +292,13 @@ void tst_AppInTray::darkAppearance()
     QVERIFY(m_driver->launch());
     const AppDriver::Node shown = popover();
     QVERIFY(shown.isValid());
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")));
     QThread::msleep(400);
     QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-dark.png")));
     m_driver->key(QStringLiteral("Up"));
-    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")));
     QThread::msleep(300);
     QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-focus-dark.png")));
 
@@ -295,14 +307,17 @@ void tst_AppInTray::darkAppearance()
     QVERIFY(settings);
     // The Appearance page says Dark is the chosen appearance: Ctrl+F, then down the sidebar.
     m_driver->key(QStringLiteral("ctrl+f"));
-    QVERIFY2(m_driver->waitForFocus(*settings, QStringLiteral("text"), QStringLiteral("Search settings")),
+    QVERIFY2(m_driver->waitForFocus(*settings, QStringLiteral("text"),
+                                    QStringLiteral("Search settings")),
              qPrintable(m_driver->describeFocus(*settings)));
     m_driver->key(QStringLiteral("Down Down"));
-    QVERIFY2(m_driver->waitForFocus(*settings, QStringLiteral("page tab"), QStringLiteral("Appearance")),
-             qPrintable(m_driver->describeFocus(*settings)));
+    QVERIFY2(
+        m_driver->waitForFocus(*settings, QStringLiteral("page tab"), QStringLiteral("Appearance")),
+        qPrintable(m_driver->describeFocus(*settings)));
     m_driver->key(QStringLiteral("Return"));
     QVERIFY(m_driver->control(*settings, QStringLiteral("heading"), QStringLiteral("Appearance")));
-    const auto dark = m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Dark"));
+    const auto dark =
+        m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Dark"));
     QVERIFY2(dark, qPrintable(m_driver->a11y().dump(*settings)));
     QVERIFY(m_driver->a11y().hasState(*dark, QStringLiteral("checked")));
     QThread::msleep(500);

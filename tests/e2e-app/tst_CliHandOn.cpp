@@ -157,7 +157,8 @@ private slots:
         QCOMPARE(stored()->activeProfileID, std::optional<QUuid>(stored()->profiles.first().id));
         // The popover's row says it is the active profile.
         QString active;
-        QTRY_VERIFY_WITH_TIMEOUT((popoverRows(&active), active == QLatin1String("Home Box")), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT((popoverRows(&active), active == QLatin1String("Home Box")),
+                                 10000);
     }
 
     void standardInputAndErrorsTravel()

@@ -53,7 +53,8 @@ private:
     bool focusList(const AppDriver::Node& settings);
     std::optional<StoredData> stored() const
     {
-        return ProfileCodec::decodeStore(m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+        return ProfileCodec::decodeStore(
+            m_home->read(QStringLiteral(".git-switcher/profiles.json")));
     }
     QStringList storedNames() const;
     void arrangeProfiles();
@@ -194,7 +195,8 @@ void tst_ProfilesPage::editProfileWithTheKeyboard()
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Open Source")));
     // The row's menu: Edit profile.
     m_driver->key(QStringLiteral("Menu"));
-    QVERIFY(m_driver->control(*settings, QStringLiteral("menu item"), QStringLiteral("Edit profile")));
+    QVERIFY(
+        m_driver->control(*settings, QStringLiteral("menu item"), QStringLiteral("Edit profile")));
     m_driver->key(QStringLiteral("Return"));
     const auto editor = m_driver->window(QStringLiteral("Edit Profile"));
     QVERIFY2(editor, "no editor from the row's menu");
@@ -221,7 +223,8 @@ void tst_ProfilesPage::generateKeyWithTheKeyboard()
     QVERIFY(settings);
     QVERIFY(focusList(*settings));
     m_driver->key(QStringLiteral("shift+F10"));
-    QVERIFY(m_driver->control(*settings, QStringLiteral("menu item"), QStringLiteral("Edit profile")));
+    QVERIFY(
+        m_driver->control(*settings, QStringLiteral("menu item"), QStringLiteral("Edit profile")));
     m_driver->key(QStringLiteral("Return"));
     const auto editor = m_driver->window(QStringLiteral("Edit Profile"));
     QVERIFY(editor);
@@ -231,25 +234,29 @@ void tst_ProfilesPage::generateKeyWithTheKeyboard()
     m_driver->key(QStringLiteral("Return"));
     const auto form = m_driver->window(QStringLiteral("Generate SSH Key"));
     QVERIFY2(form, "no key generation form");
-    QVERIFY2(m_driver->waitForFocus(*form, text, QStringLiteral("Filename (leave blank for id_ed25519)")),
+    QVERIFY2(m_driver->waitForFocus(*form, text,
+                                    QStringLiteral("Filename (leave blank for id_ed25519)")),
              qPrintable(m_driver->describeFocus(*form)));
     m_driver->type(QStringLiteral("id_keyboard"));
     // Return: Generate. ssh-keygen runs, the public key goes to the clipboard, and the
     // confirmation comes up; Return is its Done.
     m_driver->key(QStringLiteral("Return"));
     QVERIFY(m_driver->windowGone(QStringLiteral("Generate SSH Key"), 30000));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_home->filePath(QStringLiteral(".ssh/id_keyboard"))), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_home->filePath(QStringLiteral(".ssh/id_keyboard"))),
+                             10000);
     QVERIFY(QFile::exists(m_home->filePath(QStringLiteral(".ssh/id_keyboard.pub"))));
     const auto copied = m_driver->window(QStringLiteral("SSH Key Generated"));
     QVERIFY2(copied, "no confirmation");
-    QVERIFY(m_driver->control(*copied, QStringLiteral("label"), QStringLiteral("SSH Key Generated!")));
+    QVERIFY(
+        m_driver->control(*copied, QStringLiteral("label"), QStringLiteral("SSH Key Generated!")));
     m_driver->key(QStringLiteral("Return"));
     QVERIFY(m_driver->windowGone(QStringLiteral("SSH Key Generated")));
     // The editor's key path reads the new key. The keyboard is back on "Generate" (Return
     // there would generate again): Tab on to Save, and Return.
     const auto keyField = m_driver->control(*editor, text, QStringLiteral("SSH Key Path"));
     QVERIFY(keyField);
-    QTRY_COMPARE_WITH_TIMEOUT(m_driver->a11y().text(*keyField), QStringLiteral("~/.ssh/id_keyboard"), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(m_driver->a11y().text(*keyField),
+                              QStringLiteral("~/.ssh/id_keyboard"), 5000);
     QVERIFY(m_driver->waitForFocus(*editor, button, QStringLiteral("Generate")));
     QVERIFY(tabTo(*editor, button, QStringLiteral("Save")));
     m_driver->key(QStringLiteral("Return"));
@@ -265,11 +272,13 @@ void tst_ProfilesPage::deleteProfileWithTheKeyboard()
     QVERIFY(focusList(*settings));
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Open Source Work")));
     m_driver->key(QStringLiteral("shift+F10"));
-    QVERIFY(m_driver->control(*settings, QStringLiteral("menu item"), QStringLiteral("Delete profile")));
+    QVERIFY(m_driver->control(*settings, QStringLiteral("menu item"),
+                              QStringLiteral("Delete profile")));
     m_driver->key(QStringLiteral("Down Return"));
     // The profile has a key: the dialog's first button, "Delete Profile Only", has the
     // focus. Tab to "Delete Profile and SSH Key" and press it with Return.
-    const auto dialog = m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile"));
+    const auto dialog =
+        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile"));
     QVERIFY2(dialog, qPrintable(m_driver->a11y().dump(*settings)));
     QVERIFY2(m_driver->waitForFocus(*dialog, button, QStringLiteral("Delete Profile Only")),
              qPrintable(m_driver->describeFocus(*settings)));
@@ -286,7 +295,8 @@ void tst_ProfilesPage::scanKeysWithTheKeyboard()
 {
     for (const char* name : {"id_ed25519", "id_rsa_personal"}) {
         m_home->write(QStringLiteral(".ssh/%1").arg(QLatin1String(name)), "private\n");
-        m_home->write(QStringLiteral(".ssh/%1.pub").arg(QLatin1String(name)), "ssh-ed25519 AAAA ada\n");
+        m_home->write(QStringLiteral(".ssh/%1.pub").arg(QLatin1String(name)),
+                      "ssh-ed25519 AAAA ada\n");
     }
     const auto settings = openSettings();
     QVERIFY(settings);
@@ -313,7 +323,8 @@ void tst_ProfilesPage::scanKeysWithTheKeyboard()
     m_driver->key(QStringLiteral("Tab"));
     m_driver->type(QStringLiteral("ada@home.example"));
     m_driver->key(QStringLiteral("Return"));
-    QVERIFY(m_driver->control(*scan, QStringLiteral("label"), QStringLiteral("2 profiles created")));
+    QVERIFY(
+        m_driver->control(*scan, QStringLiteral("label"), QStringLiteral("2 profiles created")));
     // Return is Done now.
     m_driver->key(QStringLiteral("Return"));
     QVERIFY(m_driver->windowGone(QStringLiteral("Scan SSH Keys")));
@@ -336,15 +347,18 @@ void tst_ProfilesPage::exportAndImportWithTheKeyboard()
     m_driver->key(QStringLiteral("Return"));
     // Qt's save dialog in the window: the suggested name in the home folder; Tab to the name,
     // Tab to its Open button, Space.
-    auto dialog = m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Export Profiles"));
+    auto dialog =
+        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Export Profiles"));
     QVERIFY2(dialog, qPrintable(m_driver->a11y().dump(*settings)));
     QVERIFY(tabTo(*dialog, text, QString()));
-    QCOMPARE(m_driver->a11y().text(*m_driver->focused(*dialog)), QStringLiteral("kivora-profiles.json"));
+    QCOMPARE(m_driver->a11y().text(*m_driver->focused(*dialog)),
+             QStringLiteral("kivora-profiles.json"));
     QVERIFY(tabTo(*dialog, button, QStringLiteral("Open")));
     m_driver->key(QStringLiteral("space"));
     const QString exported = m_home->filePath(QStringLiteral("kivora-profiles.json"));
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(exported), 10000);
-    const auto list = ProfileCodec::decodeProfileArray(m_home->read(QStringLiteral("kivora-profiles.json")));
+    const auto list =
+        ProfileCodec::decodeProfileArray(m_home->read(QStringLiteral("kivora-profiles.json")));
     QVERIFY(list);
     QCOMPARE(list->size(), 2);
 
@@ -354,11 +368,13 @@ void tst_ProfilesPage::exportAndImportWithTheKeyboard()
     m_driver->key(QStringLiteral("Down"));
     QVERIFY(m_driver->waitForFocus(*settings, button, QStringLiteral("Import Profiles")));
     m_driver->key(QStringLiteral("Return"));
-    dialog = m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Import Profiles"));
+    dialog =
+        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Import Profiles"));
     QVERIFY(dialog);
     QVERIFY(m_driver->waitForFocus(*dialog, QStringLiteral("list item"), QString()));
     const auto file = m_driver->focused(*dialog);
-    QVERIFY(m_driver->control(*file, QStringLiteral("label"), QStringLiteral("kivora-profiles.json"), 2000));
+    QVERIFY(m_driver->control(*file, QStringLiteral("label"),
+                              QStringLiteral("kivora-profiles.json"), 2000));
     m_driver->key(QStringLiteral("Return"));
     QTRY_COMPARE_WITH_TIMEOUT(stored()->profiles.size(), 4, 10000);
     // The imported copies: new ids, the same identities, after the two that were there.
@@ -430,7 +446,8 @@ void tst_ProfilesPage::screenshotsInLightMode()
     // The delete confirmation of the first profile (it has a key), its first button focused.
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Work")));
     m_driver->key(QStringLiteral("Menu Down Return"));
-    QVERIFY(m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
+    QVERIFY(
+        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
     QThread::msleep(500);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("delete-dialog-light.png")));
     m_driver->key(QStringLiteral("Escape"));
@@ -461,7 +478,8 @@ void tst_ProfilesPage::screenshotsInDarkMode()
     m_driver->key(QStringLiteral("Escape"));
     QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
     m_driver->key(QStringLiteral("Menu Down Return"));
-    QVERIFY(m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
+    QVERIFY(
+        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
     QThread::msleep(500);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("delete-dialog-dark.png")));
     m_driver->key(QStringLiteral("Escape"));

@@ -88,7 +88,8 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
     const auto settings = m_driver->window(QStringLiteral("Kivora Settings"));
     QVERIFY2(settings, "no settings window");
     // The list's row of Work says where the profile is used.
-    const auto workRow = m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Work"));
+    const auto workRow =
+        m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Work"));
     QVERIFY(workRow);
     QVERIFY2(m_driver->a11y().description(*workRow).contains(QStringLiteral("Used in ")),
              qPrintable(m_driver->a11y().description(*workRow)));
@@ -96,14 +97,16 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
     m_driver->key(QStringLiteral("ctrl+f"));
     QVERIFY(tabTo(*settings, QStringLiteral("radio button"), QStringLiteral("Personal")));
     m_driver->key(QStringLiteral("Up"));
-    QVERIFY(m_driver->waitForFocus(*settings, QStringLiteral("radio button"), QStringLiteral("Work")));
+    QVERIFY(
+        m_driver->waitForFocus(*settings, QStringLiteral("radio button"), QStringLiteral("Work")));
     QThread::msleep(400);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("profiles-rules-light.png")));
 
     m_driver->key(QStringLiteral("Menu Return"));
     const auto editor = m_driver->window(QStringLiteral("Edit Profile"));
     QVERIFY2(editor, "no editor from the row's menu");
-    QVERIFY(m_driver->waitForFocus(*editor, QStringLiteral("text"), QStringLiteral("Profile Name")));
+    QVERIFY(
+        m_driver->waitForFocus(*editor, QStringLiteral("text"), QStringLiteral("Profile Name")));
     // Tab down the form to the first rule's Remove: the form scrolls along.
     QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Remove")));
     QThread::msleep(400);
@@ -112,11 +115,15 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
     // The folder rule is gone from the list (the remote one is left); Add Folder… opens the
     // folder chooser, whose keyboard starts on the home folder's first folder, "work": Tab
     // to its Open button, Space. The folder comes back after the remote rule.
-    QTRY_COMPARE_WITH_TIMEOUT(m_driver->a11y().findAll(*editor, QStringLiteral("push button"),
-                                                       QStringLiteral("Remove")).size(), 1, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_driver->a11y()
+            .findAll(*editor, QStringLiteral("push button"), QStringLiteral("Remove"))
+            .size(),
+        1, 5000);
     QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Add Folder…")));
     m_driver->key(QStringLiteral("Return"));
-    const auto chooser = m_driver->control(*editor, QStringLiteral("dialog"), QStringLiteral("Choose a Folder"));
+    const auto chooser =
+        m_driver->control(*editor, QStringLiteral("dialog"), QStringLiteral("Choose a Folder"));
     QVERIFY2(chooser, qPrintable(m_driver->a11y().dump(*editor)));
     QVERIFY(m_driver->waitForFocus(*chooser, QStringLiteral("list item"), QString()));
     QVERIFY(m_driver->control(*m_driver->focused(*chooser), QStringLiteral("label"),
@@ -127,8 +134,11 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
     QVERIFY(m_driver->capture(*editor).save(pictures + QStringLiteral("/folder-chooser.png")));
     QVERIFY(tabTo(*chooser, QStringLiteral("push button"), QStringLiteral("Open")));
     m_driver->key(QStringLiteral("space"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_driver->a11y().findAll(*editor, QStringLiteral("push button"),
-                                                       QStringLiteral("Remove")).size(), 2, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_driver->a11y()
+            .findAll(*editor, QStringLiteral("push button"), QStringLiteral("Remove"))
+            .size(),
+        2, 5000);
     // Save, from the keyboard.
     QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Save")));
     m_driver->key(QStringLiteral("Return"));

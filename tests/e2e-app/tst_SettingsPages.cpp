@@ -155,7 +155,8 @@ bool tst_SettingsPages::selectPage(const QString& title)
     m_driver->key(QStringLiteral("ctrl+f"));
     if (!m_driver->waitForFocus(m_settings, QStringLiteral("text"),
                                 QStringLiteral("Search settings"))) {
-        qWarning() << "Ctrl+F did not reach the search field:" << m_driver->describeFocus(m_settings);
+        qWarning() << "Ctrl+F did not reach the search field:"
+                   << m_driver->describeFocus(m_settings);
         return false;
     }
     // Down to the rows, Home to the first, then down until the page's row has the focus.
@@ -230,12 +231,14 @@ void tst_SettingsPages::appearanceChoicesAreStored()
     m_driver->key(QStringLiteral("Left"));
     QTRY_COMPARE_WITH_TIMEOUT(preference(QStringLiteral("menuBarIconStyle")).toString(),
                               QStringLiteral("full"), 5000);
-    QVERIFY(m_driver->a11y().hasState(*m_driver->control(m_settings, radio, QStringLiteral("Full Logo")),
-                                      QStringLiteral("checked")));
+    QVERIFY(m_driver->a11y().hasState(
+        *m_driver->control(m_settings, radio, QStringLiteral("Full Logo")),
+        QStringLiteral("checked")));
     // The next stop is the Compact Mode switch; Space turns it on and off.
     QVERIFY(!preference(QStringLiteral("compactMode")).isValid());
     m_driver->key(QStringLiteral("Tab"));
-    QVERIFY2(m_driver->waitForFocus(m_settings, QStringLiteral("check box"), QStringLiteral("Compact Mode")),
+    QVERIFY2(m_driver->waitForFocus(m_settings, QStringLiteral("check box"),
+                                    QStringLiteral("Compact Mode")),
              qPrintable(m_driver->describeFocus(m_settings)));
     m_driver->key(QStringLiteral("space"));
     QTRY_COMPARE_WITH_TIMEOUT(preference(QStringLiteral("compactMode")).toString(),
@@ -300,7 +303,8 @@ void tst_SettingsPages::checkNowFillsLastChecked()
 {
     QVERIFY(selectPage(QStringLiteral("Updates")));
     QVERIFY(!preference(QStringLiteral("updater/lastUpdateCheckDate")).isValid());
-    QVERIFY(!m_driver->control(m_settings, QStringLiteral("label"), QStringLiteral("Last Checked"), 0));
+    QVERIFY(
+        !m_driver->control(m_settings, QStringLiteral("label"), QStringLiteral("Last Checked"), 0));
 
     QVERIFY(tabIntoPage());
     QVERIFY(tabTo(QStringLiteral("push button"), QStringLiteral("Check Now")));
@@ -311,7 +315,8 @@ void tst_SettingsPages::checkNowFillsLastChecked()
     std::optional<AppDriver::Node> updater;
     QTRY_VERIFY_WITH_TIMEOUT((updater = m_driver->window(QStringLiteral("Software Update"), 100)),
                              10000);
-    QVERIFY(m_driver->control(*updater, QStringLiteral("label"), QStringLiteral("You're up to date!")));
+    QVERIFY(
+        m_driver->control(*updater, QStringLiteral("label"), QStringLiteral("You're up to date!")));
     QTRY_VERIFY_WITH_TIMEOUT(preference(QStringLiteral("updater/lastUpdateCheckDate")).isValid(),
                              5000);
     const QDateTime checked = QDateTime::fromString(
