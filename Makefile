@@ -6,6 +6,7 @@
 # make torture kills profile-changing commands at random moments (ITERATIONS=600) and checks
 #             the profile file after each kill; prints its figures
 # make format formats the sources with .clang-format
+# make translations runs lupdate: every translatable text into translations/kivora_*.ts
 
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
@@ -13,7 +14,8 @@ GENERATOR  := -G Ninja
 JOBS       ?= $(shell nproc)
 SOURCES     = $(shell git ls-files '*.cpp' '*.h' 2>/dev/null || find . -path ./build\* -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
 
-.PHONY: all deps build run test test-core test-asan check-format format bench torture clean package
+.PHONY: all deps build run test test-core test-asan check-format format bench torture clean package \
+	translations
 
 all: build
 
@@ -63,6 +65,10 @@ bench: build
 ITERATIONS ?= 600
 torture: build
 	$(BUILD)/bench/torture/kivora-torture --iterations $(ITERATIONS) $(BUILD)/cli/kivora
+
+translations: deps $(BUILD)/build.ninja
+	cmake --build $(BUILD) --target update_translations
+	scripts/english-plurals translations/kivora_en.ts
 
 package: build
 	cd $(BUILD) && cpack -G DEB && echo "package: $$(ls -t "$$PWD"/kivora_*.deb | head -n 1)"

@@ -3,6 +3,7 @@
 
 #include "activation/CommandRunner.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 #include <QStringDecoder>
 
@@ -90,7 +91,8 @@ std::optional<QString> CommandRunner::attempt(const QStringList& arguments) cons
     process.setInputChannelMode(QProcess::ForwardedInputChannel);
     process.start();
     if (!process.waitForFinished(-1)) {
-        return QStringLiteral("%1 could not be started").arg(arguments.value(0));
+        return QCoreApplication::translate("CommandRunner", "%1 could not be started")
+            .arg(arguments.value(0));
     }
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
         return std::nullopt;
@@ -104,10 +106,11 @@ std::optional<QString> CommandRunner::attempt(const QStringList& arguments) cons
     }
     if (line.isEmpty()) {
         return process.exitStatus() == QProcess::NormalExit
-                   ? QStringLiteral("%1 exited with status %2")
+                   ? QCoreApplication::translate("CommandRunner", "%1 exited with status %2")
                          .arg(arguments.value(0))
                          .arg(process.exitCode())
-                   : QStringLiteral("%1 crashed").arg(arguments.value(0));
+                   : QCoreApplication::translate("CommandRunner", "%1 crashed")
+                         .arg(arguments.value(0));
     }
     return line;
 }

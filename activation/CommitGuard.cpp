@@ -6,6 +6,7 @@
 #include "activation/ShellIntegration.h"
 #include "model/AtomicFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -145,7 +146,7 @@ bool CommitGuard::enable(QString* error) const
     }
     const QString folder = hooksFolder();
     if (!AtomicFile::makePrivateFolder(folder)) {
-        return fail(QStringLiteral("could not create %1.").arg(folder));
+        return fail(QCoreApplication::translate("CommitGuard", "could not create %1.").arg(folder));
     }
     const auto executable = AtomicFile::privateFile | QFileDevice::ExeOwner;
     for (const QString& name : hookNames()) {
@@ -153,7 +154,9 @@ bool CommitGuard::enable(QString* error) const
             name == QStringLiteral("pre-commit") || name == QStringLiteral("pre-merge-commit");
         if (!AtomicFile::write(folder + u'/' + name, hookText(name, m_kivora, checks),
                                executable)) {
-            return fail(QStringLiteral("could not write the hooks in %1.").arg(folder));
+            return fail(
+                QCoreApplication::translate("CommitGuard", "could not write the hooks in %1.")
+                    .arg(folder));
         }
     }
     if (state() == State::on) {
@@ -162,7 +165,8 @@ bool CommitGuard::enable(QString* error) const
     const GitResult set = git(m_programs.env, {QStringLiteral("config"), QStringLiteral("--global"),
                                                hooksPathKey, folder});
     if (set.status != 0) {
-        return fail(QStringLiteral("git could not set core.hooksPath; is ~/.gitconfig writable?"));
+        return fail(QCoreApplication::translate(
+            "CommitGuard", "git could not set core.hooksPath; is ~/.gitconfig writable?"));
     }
     return true;
 }
@@ -175,8 +179,8 @@ bool CommitGuard::disable(QString* error) const
                                  QStringLiteral("--unset"), hooksPathKey});
         if (unset.status != 0) {
             if (error) {
-                *error =
-                    QStringLiteral("git could not unset core.hooksPath; is ~/.gitconfig writable?");
+                *error = QCoreApplication::translate(
+                    "CommitGuard", "git could not unset core.hooksPath; is ~/.gitconfig writable?");
             }
             return false;
         }

@@ -6,6 +6,7 @@
 #include "model/AtomicFile.h"
 #include "model/HomePath.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -167,7 +168,8 @@ bool CommitSigning::apply(const std::optional<SigningSettings>& settings, QStrin
         ok = false;
     }
     if (!ok && error) {
-        *error = QStringLiteral("Could not change commit signing in the global git configuration.");
+        *error = QCoreApplication::translate(
+            "CommitSigning", "Could not change commit signing in the global git configuration.");
     }
     return ok;
 }
@@ -239,7 +241,9 @@ bool CommitSigning::writeAllowedSigners(const QList<GitProfile>& profiles,
         ok = setValue(allowedSignersKey, path);
     }
     if (!ok && error) {
-        *error = QStringLiteral("Could not write the allowed signers file %1.").arg(path);
+        *error = QCoreApplication::translate("CommitSigning",
+                                             "Could not write the allowed signers file %1.")
+                     .arg(path);
     }
     return ok;
 }

@@ -5,6 +5,7 @@
 
 #include "model/HomePath.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -60,17 +61,25 @@ QString KeyFileRemoval::refusal(const QString& home, const QString& path, const 
     const QString sshFolder = resolved(home + QStringLiteral("/.ssh"));
     const QString target = resolved(path);
     if (target.isEmpty()) {
-        return QStringLiteral("%1 leads to no file, so nothing was deleted there.").arg(shownAs);
+        return QCoreApplication::translate("KeyFileRemoval",
+                                           "%1 leads to no file, so nothing was deleted there.")
+            .arg(shownAs);
     }
     if (sshFolder.isEmpty() || !target.startsWith(sshFolder + u'/')) {
-        return QStringLiteral("%1 is not inside ~/.ssh, so it was not deleted.").arg(shownAs);
+        return QCoreApplication::translate("KeyFileRemoval",
+                                           "%1 is not inside ~/.ssh, so it was not deleted.")
+            .arg(shownAs);
     }
     struct stat info {};
     if (::stat(QFile::encodeName(target).constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
-        return QStringLiteral("%1 is not a regular file, so it was not deleted.").arg(shownAs);
+        return QCoreApplication::translate("KeyFileRemoval",
+                                           "%1 is not a regular file, so it was not deleted.")
+            .arg(shownAs);
     }
     if (isSshOwnFile(QFileInfo(target).fileName())) {
-        return QStringLiteral("%1 is one of ssh's own files, not a key, so it was not deleted.")
+        return QCoreApplication::translate(
+                   "KeyFileRemoval",
+                   "%1 is one of ssh's own files, not a key, so it was not deleted.")
             .arg(shownAs);
     }
     return {};
@@ -99,7 +108,8 @@ KeyFileRemoval::Outcome KeyFileRemoval::removeKeyPair(const QString& home,
         if (::unlink(QFile::encodeName(target).constData()) == 0) {
             outcome.removed << target;
         } else {
-            outcome.refused << QStringLiteral("%1 could not be deleted: %2.")
+            outcome.refused << QCoreApplication::translate("KeyFileRemoval",
+                                                           "%1 could not be deleted: %2.")
                                    .arg(file, QString::fromLocal8Bit(std::strerror(errno)));
         }
     }

@@ -285,7 +285,7 @@ void ProfileManager::setGlobalGitEmail(const QString& email)
 
 QString ProfileManager::saveFailure(const QString& reason) const
 {
-    return QStringLiteral("the profiles could not be saved to %1 (%2)").arg(m_store.path(), reason);
+    return tr("the profiles could not be saved to %1 (%2)").arg(m_store.path(), reason);
 }
 
 bool ProfileManager::locked(const std::function<bool()>& work, QString* error)
@@ -457,7 +457,7 @@ void ProfileManager::activate(const GitProfile& profile,
     const QString global = QStringLiteral("--global");
     const auto gitSet = [&](const QString& key, const QString& value) {
         if (const auto why = m_runner.attempt({git, config, global, key, value})) {
-            note(QStringLiteral("git did not take the new identity (%1)").arg(*why));
+            note(tr("git did not take the new identity (%1)").arg(*why));
         }
     };
     gitSet(QStringLiteral("user.name"), profile.gitName);

@@ -7,6 +7,7 @@
 #include "model/ProfileCodec.h"
 #include "model/RegularFileReader.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -36,14 +37,16 @@ std::optional<IdentityRules> RuleStore::load(QString* error) const
             return IdentityRules{};
         }
         if (error) {
-            *error = QStringLiteral("cannot read %1: %2").arg(m_path, reader.error());
+            *error = QCoreApplication::translate("RuleStore", "cannot read %1: %2")
+                         .arg(m_path, reader.error());
         }
         return std::nullopt;
     }
     QString why;
     auto rules = decode(*bytes, &why);
     if (!rules && error) {
-        *error = QStringLiteral("%1 is not a rule file (%2)").arg(m_path, why);
+        *error =
+            QCoreApplication::translate("RuleStore", "%1 is not a rule file (%2)").arg(m_path, why);
     }
     return rules;
 }
@@ -78,7 +81,7 @@ std::optional<IdentityRules> RuleStore::decode(const QByteArray& bytes, QString*
     if (!document.isObject() || !document.object().value(QStringLiteral("rules")).isArray()) {
         return failure(parseError.error != QJsonParseError::NoError
                            ? parseError.errorString()
-                           : QStringLiteral("no rule list"));
+                           : QCoreApplication::translate("RuleStore", "no rule list"));
     }
     IdentityRules rules;
     for (const QJsonValue& value : document.object().value(QStringLiteral("rules")).toArray()) {
@@ -87,7 +90,8 @@ std::optional<IdentityRules> RuleStore::decode(const QByteArray& bytes, QString*
         const auto kind = IdentityRule::kindFrom(object.value(QStringLiteral("kind")).toString());
         const QString pattern = object.value(QStringLiteral("pattern")).toString();
         if (id.isNull() || !kind || pattern.isEmpty()) {
-            return failure(QStringLiteral("a rule without profile, kind or pattern"));
+            return failure(QCoreApplication::translate("RuleStore",
+                                                       "a rule without profile, kind or pattern"));
         }
         rules.append(IdentityRule{id, *kind, pattern});
     }

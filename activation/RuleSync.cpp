@@ -14,6 +14,7 @@
 #include "model/HomePath.h"
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -132,14 +133,14 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
     rules.removeIf([&](const IdentityRule& rule) { return !byId.contains(rule.profile); });
     RuleStore store(m_home);
     if (!store.save(rules)) {
-        return fail(QStringLiteral("cannot write %1").arg(store.path()));
+        return fail(QCoreApplication::translate("RuleSync", "cannot write %1").arg(store.path()));
     }
 
     QSet<QString> wanted;
     const auto signing = SigningStore(m_home).load();
     if (!rules.isEmpty()) {
         if (!AtomicFile::makePrivateFolder(folder())) {
-            return fail(QStringLiteral("cannot create %1").arg(folder()));
+            return fail(QCoreApplication::translate("RuleSync", "cannot create %1").arg(folder()));
         }
         QSet<QUuid> written;
         for (qsizetype i = 0; i < rules.size(); ++i) {
@@ -156,7 +157,8 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
                 if (!AtomicFile::write(include,
                                        profileText(profile, sshCommand(profile), profileSigning),
                                        AtomicFile::privateFile)) {
-                    return fail(QStringLiteral("cannot write %1").arg(include));
+                    return fail(
+                        QCoreApplication::translate("RuleSync", "cannot write %1").arg(include));
                 }
                 wanted.insert(include);
             }
@@ -165,12 +167,14 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
                     .arg(GitConfigText::quotedValue(include))
                     .arg(i + 1);
             if (!AtomicFile::write(ruleFile(i + 1), ruleText.toUtf8(), AtomicFile::privateFile)) {
-                return fail(QStringLiteral("cannot write %1").arg(ruleFile(i + 1)));
+                return fail(QCoreApplication::translate("RuleSync", "cannot write %1")
+                                .arg(ruleFile(i + 1)));
             }
             wanted.insert(ruleFile(i + 1));
         }
         if (!AtomicFile::write(rulesFile(), rulesText(rules), AtomicFile::privateFile)) {
-            return fail(QStringLiteral("cannot write %1").arg(rulesFile()));
+            return fail(
+                QCoreApplication::translate("RuleSync", "cannot write %1").arg(rulesFile()));
         }
         wanted.insert(rulesFile());
     }
@@ -188,7 +192,7 @@ bool RuleSync::apply(IdentityRules rules, const QList<GitProfile>& profiles, QSt
     const bool included =
         rules.isEmpty() ? global.removeInclude(rulesFile()) : global.keepIncludeLast(rulesFile());
     if (!included) {
-        return fail(QStringLiteral("cannot write %1").arg(global.path()));
+        return fail(QCoreApplication::translate("RuleSync", "cannot write %1").arg(global.path()));
     }
     return true;
 }

@@ -3,6 +3,7 @@
 
 #include "activation/SSHKeyGenerator.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -64,15 +65,17 @@ SSHKeyGenerator::Result SSHKeyGenerator::generate(const Request& request, const 
         result.outcome = Outcome::Failed;
         const QString key = home + QStringLiteral("/.ssh/") + result.fileName;
         if (QFileInfo::exists(key)) {
-            result.error = QStringLiteral("%1 already exists").arg(key);
+            result.error =
+                QCoreApplication::translate("SSHKeyGenerator", "%1 already exists").arg(key);
         } else {
             // ssh-keygen's last line says what went wrong ("Saving key … failed: …").
             const QStringList lines =
                 QString::fromUtf8(process.readAllStandardError()).split(u'\n', Qt::SkipEmptyParts);
-            result.error =
-                lines.isEmpty()
-                    ? QStringLiteral("ssh-keygen exited with status %1").arg(process.exitCode())
-                    : lines.last().trimmed();
+            result.error = lines.isEmpty()
+                               ? QCoreApplication::translate("SSHKeyGenerator",
+                                                             "ssh-keygen exited with status %1")
+                                     .arg(process.exitCode())
+                               : lines.last().trimmed();
         }
     }
     return result;

@@ -9,6 +9,7 @@
 #include "model/PrivateFolder.h"
 #include "model/RegularFileReader.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -121,7 +122,8 @@ bool ShellIntegration::ensureSSHWrapper(QString* error) const
     QString why;
     if (!AtomicFile::write(path, wrapperScript(), privateExecutable, &why)) {
         if (error) {
-            *error = QStringLiteral("%1 could not be written (%2)").arg(path, why);
+            *error = QCoreApplication::translate("ShellIntegration", "%1 could not be written (%2)")
+                         .arg(path, why);
         }
         return false;
     }
@@ -155,7 +157,8 @@ bool ShellIntegration::ensureAIEnvFile(const GitProfile& profile, QString* error
         AtomicFile::write(aiEnvPath(), aiEnvText(profile, QDateTime::currentDateTimeUtc()),
                           AtomicFile::privateFile, &why);
     if (!written && error) {
-        *error = QStringLiteral("%1 could not be written (%2)").arg(aiEnvPath(), why);
+        *error = QCoreApplication::translate("ShellIntegration", "%1 could not be written (%2)")
+                     .arg(aiEnvPath(), why);
     }
     ensureShellIntegration();
     return written;

@@ -6,6 +6,7 @@
 #include "model/AtomicFile.h"
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -37,16 +38,19 @@ QHash<QUuid, SigningSettings> SigningStore::load(QString* error) const
         return QHash<QUuid, SigningSettings>();
     };
     if (!info.isFile() || info.size() > maximumSize) {
-        return fail(QStringLiteral("%1 is not a signing settings file.").arg(m_path));
+        return fail(
+            QCoreApplication::translate("SigningStore", "%1 is not a signing settings file.")
+                .arg(m_path));
     }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return fail(QStringLiteral("Could not read %1.").arg(m_path));
+        return fail(QCoreApplication::translate("SigningStore", "Could not read %1.").arg(m_path));
     }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
     if (parseError.error != QJsonParseError::NoError || !document.isObject()) {
-        return fail(QStringLiteral("%1 is not valid JSON.").arg(m_path));
+        return fail(
+            QCoreApplication::translate("SigningStore", "%1 is not valid JSON.").arg(m_path));
     }
     const QJsonObject object = document.object();
     for (auto it = object.begin(); it != object.end(); ++it) {
@@ -95,7 +99,7 @@ bool SigningStore::set(const QUuid& id, const std::optional<SigningSettings>& se
         !AtomicFile::write(m_path, QJsonDocument(object).toJson(QJsonDocument::Indented),
                            AtomicFile::privateFile)) {
         if (error) {
-            *error = QStringLiteral("Could not write %1.").arg(m_path);
+            *error = QCoreApplication::translate("SigningStore", "Could not write %1.").arg(m_path);
         }
         return false;
     }

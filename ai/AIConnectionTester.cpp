@@ -109,7 +109,7 @@ std::optional<Verdict> judge(const QNetworkReply& reply, const AIProviderFacts& 
     if (status == 401) {
         return Verdict{false, AIConnectionTester::invalidKeyMessage()};
     }
-    return Verdict{false, QStringLiteral("Error: %1").arg(status)};
+    return Verdict{false, AIConnectionTester::tr("Error: %1").arg(status)};
 }
 
 } // namespace

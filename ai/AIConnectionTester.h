@@ -70,19 +70,13 @@ public:
     };
 
     // Texts of the verdicts.
-    static QString notConfiguredMessage() { return QStringLiteral("API key not configured"); }
-    static QString azureEndpointMissingMessage()
-    {
-        return QStringLiteral("Azure endpoint not configured");
-    }
-    static QString invalidUrlMessage() { return QStringLiteral("Invalid URL"); }
-    static QString invalidKeyMessage() { return QStringLiteral("Invalid API key"); }
-    static QString localFailureMessage()
-    {
-        return QStringLiteral("Could not connect to local server");
-    }
+    static QString notConfiguredMessage() { return tr("API key not configured"); }
+    static QString azureEndpointMissingMessage() { return tr("Azure endpoint not configured"); }
+    static QString invalidUrlMessage() { return tr("Invalid URL"); }
+    static QString invalidKeyMessage() { return tr("Invalid API key"); }
+    static QString localFailureMessage() { return tr("Could not connect to local server"); }
     // What a transfer that ran out of time reports.
-    static QString timedOutMessage() { return QStringLiteral("The request timed out."); }
+    static QString timedOutMessage() { return tr("The request timed out."); }
 
     explicit AIConnectionTester(QObject* parent = nullptr);
     explicit AIConnectionTester(Options options, QObject* parent = nullptr);

@@ -15,11 +15,10 @@ void AutostartSwitch::setEnabled(bool enabled)
     if (Autostart::setEnabled(enabled)) {
         setErrorMessage(QString());
     } else {
-        setErrorMessage(
-            (enabled
-                 ? QStringLiteral("Could not turn on start at login: %1 could not be written.")
-                 : QStringLiteral("Could not turn off start at login: %1 could not be removed."))
-                .arg(Autostart::path()));
+        setErrorMessage((enabled
+                             ? tr("Could not turn on start at login: %1 could not be written.")
+                             : tr("Could not turn off start at login: %1 could not be removed."))
+                            .arg(Autostart::path()));
         emit failed(m_errorMessage);
     }
     refresh();

@@ -21,6 +21,7 @@
 #include "app/WindowShortcuts.h"
 #include "cli/KivoraCli.h"
 #include "menubar/ProfileListModel.h"
+#include "model/Translations.h"
 #include "prefs/PreferencesFile.h"
 #include "prefs/SettingsManager.h"
 #include "settings/AIProviderCatalogue.h"
@@ -125,6 +126,7 @@ KivoraApp::KivoraApp(const Options& options, QObject* parent)
       m_profileTransfer(std::make_unique<ProfileTransfer>(*m_profileManager)),
       m_providerCatalogue(std::make_unique<AIProviderCatalogue>())
 {
+    Translations::install();
     // These live as long as the application: no engine may take one over and delete it.
     for (QObject* shared : std::initializer_list<QObject*>{
              m_settings.get(), m_aiContext.get(), m_profileManager.get(), m_updater.get(),

@@ -9,7 +9,7 @@ import Kivora
 Window {
     id: window
 
-    title: "Kivora Preferences"
+    title: qsTr("Kivora Preferences")
     width: 360
     height: Math.max(150, view.implicitHeight)
     minimumWidth: 300
@@ -19,5 +19,7 @@ Window {
     UpdaterView {
         id: view
         anchors.fill: parent
+        focus: true
+        Keys.onEscapePressed: window.close()
     }
 }

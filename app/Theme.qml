@@ -25,25 +25,36 @@ QtObject {
     readonly property color cardBorder: dark ? "#3a3a40" : "#e1e1e6"
     readonly property color fieldBackground: dark ? "#323237" : "#ffffff"
     readonly property color border: dark ? "#46464d" : "#d6d6dc"
+    // The outline that tells where a control is (text fields, switches, pickers): it stands
+    // out from every surface by at least 3 : 1.
+    readonly property color controlBorder: dark ? "#8b8b95" : "#85858e"
     readonly property color separator: dark ? Qt.rgba(1, 1, 1, 0.09) : Qt.rgba(0, 0, 0, 0.08)
     readonly property color selection: dark ? Qt.rgba(0.47, 0.68, 0.93, 0.22)
                                             : Qt.rgba(0.21, 0.52, 0.89, 0.13)
 
     // Text
     readonly property color primaryText: dark ? "#f4f4f6" : "#1d1d21"
-    readonly property color secondaryText: dark ? Qt.rgba(1, 1, 1, 0.66) : Qt.rgba(0, 0, 0, 0.60)
-    readonly property color tertiaryText: dark ? Qt.rgba(1, 1, 1, 0.42) : Qt.rgba(0, 0, 0, 0.40)
+    // Every text colour reads at 4.5 : 1 or more on every surface (tests/qml/tst_Contrast.qml).
+    readonly property color secondaryText: dark ? Qt.rgba(1, 1, 1, 0.72) : Qt.rgba(0, 0, 0, 0.66)
+    readonly property color tertiaryText: dark ? Qt.rgba(1, 1, 1, 0.56) : Qt.rgba(0, 0, 0, 0.56)
     readonly property color quaternaryText: dark ? Qt.rgba(1, 1, 1, 0.22) : Qt.rgba(0, 0, 0, 0.16)
 
-    // Accents
-    readonly property color accent: dark ? "#78aeed" : "#3584e4"
+    // Accents. `accent` is for text and symbols on the surfaces (links, marks); `accentFill`
+    // fills the default button, a switch that is on and a highlighted entry, with
+    // `accentText` on it.
+    readonly property color accent: dark ? "#78aeed" : "#1a65c4"
+    readonly property color accentFill: dark ? "#2f6fc0" : "#1a65c4"
     readonly property color accentText: "#ffffff"
-    readonly property color green: dark ? "#57d68d" : "#26a269"
-    readonly property color orange: dark ? "#ffa348" : "#e66100"
-    readonly property color red: dark ? "#ff7b7b" : "#d62f2f"
-    readonly property color yellow: dark ? "#f8e45c" : "#e5a50a"
+    // The ring around the control that has the keyboard focus.
+    readonly property color focusRing: dark ? "#8cbcf5" : "#1a65c4"
+    readonly property int focusRingWidth: 2
+    readonly property int focusRingGap: 2
+    readonly property color green: dark ? "#57d68d" : "#17754a"
+    readonly property color orange: dark ? "#ffa348" : "#a84a00"
+    readonly property color red: dark ? "#ff7b7b" : "#c01c28"
+    readonly property color yellow: dark ? "#f8e45c" : "#9c6f00"
     readonly property color blue: dark ? "#78aeed" : "#1c71d8"
-    readonly property color purple: dark ? "#c061cb" : "#9141ac"
+    readonly property color purple: dark ? "#d38ad9" : "#9141ac"
     readonly property color warningBackground: dark ? Qt.rgba(1, 0.64, 0.28, 0.14)
                                                     : Qt.rgba(0.9, 0.38, 0, 0.09)
 

@@ -22,18 +22,16 @@ TrayIcon::TrayIcon(AutostartSwitch& autostart, QObject* parent)
     m_tray.setIcon(QIcon(QStringLiteral(":/qt/qml/Kivora/assets/kivora-logo.svg")));
     m_tray.setToolTip(QStringLiteral("Kivora"));
 
-    m_menu.addAction(QStringLiteral("Open Kivora"), this,
-                     [this] { emit openRequested(geometry()); });
-    m_menu.addAction(QStringLiteral("Settings…"), this, &TrayIcon::settingsRequested);
+    m_menu.addAction(tr("Open Kivora"), this, [this] { emit openRequested(geometry()); });
+    m_menu.addAction(tr("Settings…"), this, &TrayIcon::settingsRequested);
     QAction* preferences =
-        m_menu.addAction(QStringLiteral("Preferences…"), this, &TrayIcon::preferencesRequested);
+        m_menu.addAction(tr("Preferences…"), this, &TrayIcon::preferencesRequested);
     // Shown as the hint only: the shortcut itself works in Kivora's windows (WindowShortcuts).
     preferences->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     preferences->setShortcutVisibleInContextMenu(true);
-    m_menu.addAction(QStringLiteral("Check for Updates…"), this,
-                     &TrayIcon::checkForUpdatesRequested);
+    m_menu.addAction(tr("Check for Updates…"), this, &TrayIcon::checkForUpdatesRequested);
     m_menu.addSeparator();
-    QAction* startAtLogin = m_menu.addAction(QStringLiteral("Start at Login"));
+    QAction* startAtLogin = m_menu.addAction(tr("Start at Login"));
     startAtLogin->setCheckable(true);
     startAtLogin->setChecked(m_autostart.enabled());
     connect(startAtLogin, &QAction::triggered, &m_autostart, &AutostartSwitch::setEnabled);
@@ -47,7 +45,7 @@ TrayIcon::TrayIcon(AutostartSwitch& autostart, QObject* parent)
     });
     connect(&m_menu, &QMenu::aboutToShow, &m_autostart, &AutostartSwitch::refresh);
     m_menu.addSeparator();
-    m_menu.addAction(QStringLiteral("Quit"), this, &TrayIcon::quitRequested);
+    m_menu.addAction(tr("Quit"), this, &TrayIcon::quitRequested);
     m_tray.setContextMenu(&m_menu);
 
     connect(&m_tray, &QSystemTrayIcon::activated, this,

@@ -29,20 +29,20 @@ Item {
         spacing: Theme.spacingL
 
         Text {
-            text: "Updates"
+            text: qsTr("Updates")
             font: Theme.headline
             color: Theme.primaryText
         }
         PushButton {
             objectName: "checkForUpdatesButton"
-            text: "Check for Updates"
+            text: qsTr("Check for Updates")
             onClicked: Updater.checkForUpdates()
         }
         Text {
             objectName: "lastCheckedText"
             visible: Updater.hasLastUpdateCheckDate
             text: view.tick >= 0 && Updater.hasLastUpdateCheckDate
-                  ? "Last checked: " + RelativeTime.describe(Updater.lastUpdateCheckDate) + " ago"
+                  ? qsTr("Last checked: %1 ago").arg(RelativeTime.describe(Updater.lastUpdateCheckDate))
                   : ""
             font: Theme.caption
             color: Theme.secondaryText

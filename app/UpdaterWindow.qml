@@ -8,13 +8,18 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // The updater's window: checking, up to date, an update found (version, notes, Download and
-// Later) or the error of the last check.
+// Later) or the error of the last check. Return presses the default button (Download, or OK),
+// Escape closes the window.
 Window {
     id: window
 
     readonly property int updateState: Updater.state
 
-    title: "Software Update"
+    title: qsTr("Software Update")
+
+    function pressDefault() {
+        (downloadButton.visible ? downloadButton : okButton).clicked()
+    }
     width: 460
     height: layout.implicitHeight + 2 * Theme.spacingPage
     minimumWidth: 380
@@ -25,6 +30,11 @@ Window {
         anchors.fill: parent
         anchors.margins: Theme.spacingPage
         spacing: Theme.spacingXL
+        focus: true
+
+        Keys.onEscapePressed: window.close()
+        Keys.onReturnPressed: window.pressDefault()
+        Keys.onEnterPressed: window.pressDefault()
 
         RowLayout {
             spacing: Theme.spacingXXL
@@ -39,22 +49,26 @@ Window {
                 spacing: Theme.spacingS
                 Text {
                     objectName: "updaterHeadline"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
                     font: Theme.headline
                     color: Theme.primaryText
                     wrapMode: Text.WordWrap
                     text: {
                         switch (window.updateState) {
-                        case Updater.Checking: return "Checking for updates…"
-                        case Updater.UpToDate: return "You're up to date!"
-                        case Updater.UpdateFound: return "A new version of Kivora is available!"
-                        case Updater.Error: return "Update Error"
-                        default: return "Software Update"
+                        case Updater.Checking: return qsTr("Checking for updates…")
+                        case Updater.UpToDate: return qsTr("You're up to date!")
+                        case Updater.UpdateFound: return qsTr("A new version of Kivora is available!")
+                        case Updater.Error: return qsTr("Update Error")
+                        default: return qsTr("Software Update")
                         }
                     }
                 }
                 Text {
                     objectName: "updaterDetail"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
                     font: Theme.body
                     color: Theme.secondaryText
@@ -62,11 +76,11 @@ Window {
                     text: {
                         switch (window.updateState) {
                         case Updater.UpToDate:
-                            return "Kivora " + Updater.currentVersion
-                                    + " is currently the newest version available."
+                            return qsTr("Kivora %1 is currently the newest version available.")
+                                    .arg(Updater.currentVersion)
                         case Updater.UpdateFound:
-                            return "Kivora " + Updater.availableVersion + " is now available — you have "
-                                    + Updater.currentVersion + "."
+                            return qsTr("Kivora %1 is now available — you have %2.")
+                                    .arg(Updater.availableVersion).arg(Updater.currentVersion)
                         case Updater.Error: return Updater.errorMessage
                         default: return ""
                         }
@@ -110,24 +124,26 @@ Window {
             PushButton {
                 objectName: "laterButton"
                 visible: window.updateState === Updater.UpdateFound
-                text: "Later"
+                text: qsTr("Later")
                 onClicked: window.close()
             }
             PushButton {
+                id: downloadButton
                 objectName: "downloadButton"
                 visible: window.updateState === Updater.UpdateFound
                 prominent: true
-                text: "Download"
+                text: qsTr("Download")
                 onClicked: {
                     Qt.openUrlExternally(Updater.downloadUrl)
                     window.close()
                 }
             }
             PushButton {
+                id: okButton
                 objectName: "okButton"
                 visible: window.updateState !== Updater.UpdateFound
                 prominent: window.updateState !== Updater.Checking
-                text: window.updateState === Updater.Checking ? "Cancel" : "OK"
+                text: window.updateState === Updater.Checking ? qsTr("Cancel") : qsTr("OK")
                 onClicked: window.close()
             }
         }

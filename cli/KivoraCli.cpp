@@ -706,8 +706,10 @@ int KivoraCli::exportProfiles(const QStringList& args)
     if (!AtomicFile::write(file, json, AtomicFile::privateFile)) {
         return fail(QStringLiteral("cannot write %1.").arg(file));
     }
-    m_out << "Exported " << manager().profiles().size() << " profile"
-          << (manager().profiles().size() == 1 ? "" : "s") << " to " << file << ".\n";
+    m_out << QCoreApplication::translate("KivoraCli", "Exported %n profile(s) to %1.", nullptr,
+                                         int(manager().profiles().size()))
+                 .arg(file)
+          << "\n";
     return Success;
 }
 
@@ -735,8 +737,9 @@ int KivoraCli::importProfiles(const QStringList& args)
     if (!manager().addProfiles(*profiles, &why)) {
         return fail(printable(why) + QStringLiteral("; nothing was imported."));
     }
-    m_out << "Imported " << profiles->size() << " profile" << (profiles->size() == 1 ? "" : "s")
-          << ".\n";
+    m_out << QCoreApplication::translate("KivoraCli", "Imported %n profile(s).", nullptr,
+                                         int(profiles->size()))
+          << "\n";
     return Success;
 }
 
@@ -1142,8 +1145,10 @@ int KivoraCli::transferRules(const QString& action, const QStringList& args)
         if (!AtomicFile::write(file, json, AtomicFile::privateFile)) {
             return fail(QStringLiteral("cannot write %1.").arg(file));
         }
-        m_out << "Exported " << rules->size() << " rule" << (rules->size() == 1 ? "" : "s")
-              << " to " << file << ".\n";
+        m_out << QCoreApplication::translate("KivoraCli", "Exported %n rule(s) to %1.", nullptr,
+                                             int(rules->size()))
+                     .arg(file)
+              << "\n";
         return Success;
     }
     const QString path = parser.positionalArguments().first();
@@ -1190,13 +1195,18 @@ int KivoraCli::transferRules(const QString& action, const QStringList& args)
     if (!added.isEmpty() && !sync.apply(*rules, profiles.profiles(), &error)) {
         return fail(error + u'.');
     }
-    m_out << "Imported " << added.size() << " rule" << (added.size() == 1 ? "" : "s") << ".\n";
+    m_out << QCoreApplication::translate("KivoraCli", "Imported %n rule(s).", nullptr,
+                                         int(added.size()))
+          << "\n";
     if (skipped > 0) {
-        return fail(QStringLiteral("%1 rule%2 named no profile of yours or no folder or pattern, "
-                                   "and %3 left out.")
-                        .arg(skipped)
-                        .arg(skipped == 1 ? QString() : QStringLiteral("s"))
-                        .arg(skipped == 1 ? QStringLiteral("was") : QStringLiteral("were")));
+        return fail(skipped == 1
+                        ? QCoreApplication::translate("KivoraCli",
+                                                      "1 rule named no profile of yours or no "
+                                                      "folder or pattern, and was left out.")
+                        : QCoreApplication::translate("KivoraCli",
+                                                      "%1 rules named no profile of yours or no "
+                                                      "folder or pattern, and were left out.")
+                              .arg(skipped));
     }
     return Success;
 }

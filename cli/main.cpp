@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "cli/KivoraCli.h"
+#include "model/Translations.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -14,6 +15,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("Kivora"));
     QCoreApplication::setApplicationName(QStringLiteral("Kivora"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KIVORA_VERSION));
+    Translations::install();
     QTextStream out(stdout);
     QTextStream err(stderr);
     QTextStream in(stdin);

@@ -19,3 +19,13 @@ target_compile_definitions(kivora_core PUBLIC
     KIVORA_VERSION="${PROJECT_VERSION}"
     KIVORA_DEFAULT_FEED_URL="${KIVORA_UPDATE_FEED_URL}")
 kivora_strict(kivora_core)
+
+# The translations, compiled from translations/kivora_<lang>.ts into the core's resources
+# (:/i18n/kivora_<lang>.qm), so the command line and the application both have them;
+# translations/kivora_en.ts is the template and the English plural forms. Translations
+# (model/Translations.h) installs them.
+find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
+file(GLOB KIVORA_TS_FILES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/translations/kivora_*.ts)
+qt_add_lrelease(kivora_core TS_FILES ${KIVORA_TS_FILES} QM_FILES_OUTPUT_VARIABLE KIVORA_QM_FILES)
+qt_add_resources(kivora_core kivora_translations PREFIX /i18n BASE ${CMAKE_CURRENT_BINARY_DIR}
+                 FILES ${KIVORA_QM_FILES})

@@ -20,6 +20,10 @@ Rectangle {
     radius: height / 2
     color: Theme.faded(tint, 0.12)
 
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.description: tooltip
+
     HoverHandler { id: hover }
     ToolTip.text: badge.tooltip
     ToolTip.visible: hover.hovered && badge.tooltip.length > 0
@@ -38,6 +42,7 @@ Rectangle {
         }
         Text {
             text: badge.text
+            Accessible.ignored: true
             font.family: Theme.caption.family
             font.pixelSize: Theme.caption.pixelSize
             font.weight: Font.Medium

@@ -7,7 +7,8 @@ import Kivora
 // The symbol buttons a profile row shows under the pointer. `actions` lists them in order,
 // each {name, symbol, tooltip, destructive}; the button of "edit" is found as "editButton".
 // `large` gives the settings page's bigger buttons on tinted backgrounds. `triggered` tells
-// which was pressed.
+// which was pressed. The buttons are not stops of the Tab chain: the keyboard reaches the same
+// actions through the row's menu (RowActionsMenu).
 FadeRow {
     id: row
 
@@ -25,6 +26,7 @@ FadeRow {
             required property var modelData
 
             objectName: modelData.name + "Button"
+            focusPolicy: Qt.NoFocus
             size: row.large ? Theme.rowButtonSize : Theme.iconButtonSize
             radius: row.large ? Theme.rowRadius : Theme.smallRadius
             symbolSize: row.large ? Theme.subheadline.pixelSize + 1 : Theme.symbolM

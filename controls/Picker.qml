@@ -8,7 +8,8 @@ import Kivora
 // A pop-up picker in the palette. `choices` are texts, or maps with "text" and "value";
 // `value` is the chosen one (a text, or a map's value), compared exactly. When it is none of
 // the choices no entry is selected and the picker shows `fallbackText`. `symbols`, when set,
-// maps an entry's text to its leading symbol. `picked` reports the user's choice.
+// maps an entry's text to its leading symbol. `picked` reports the user's choice. A screen
+// reader hears the `label` and the chosen entry.
 ComboBox {
     id: picker
 
@@ -16,6 +17,7 @@ ComboBox {
     property var value
     property string fallbackText
     property var symbols: ({})
+    property string label
 
     signal picked(var value)
 
@@ -47,6 +49,9 @@ ComboBox {
     displayText: currentIndex >= 0 ? textAt(currentIndex) : fallbackText
     font: Theme.body
     hoverEnabled: true
+    Accessible.name: label
+    Accessible.description: displayText
+    Accessible.onPressAction: picker.popup.open()
     implicitHeight: Theme.controlHeight
     leftPadding: Theme.spacingML
     rightPadding: Theme.spacingSheet
@@ -87,8 +92,13 @@ ComboBox {
         implicitWidth: Theme.controlWidth
         radius: Theme.controlRadius
         color: picker.pressed ? Theme.controlBackground : Theme.fieldBackground
-        border.width: picker.visualFocus ? 2 : 1
-        border.color: picker.visualFocus || picker.activeFocus ? Theme.accent : Theme.border
+        border.width: 1
+        border.color: Theme.controlBorder
+
+        FocusRing {
+            shown: picker.visualFocus
+            itemRadius: Theme.controlRadius
+        }
     }
 
     delegate: ItemDelegate {
@@ -127,7 +137,7 @@ ComboBox {
 
         background: Rectangle {
             radius: Theme.smallRadius
-            color: entry.highlighted ? Theme.accent : "transparent"
+            color: entry.highlighted ? Theme.accentFill : "transparent"
         }
     }
 

@@ -6,12 +6,9 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // A borderless text button with an optional leading symbol, as the popover's footer and the
-// sheets' title bars use. Focus shows as a faint background.
+// sheets' title bars use. Focus shows as the focus ring; Space and Return press it.
 AbstractButton {
     id: button
-    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
-    // but do nothing on it.
-    Accessible.onPressAction: button.clicked()
 
     property string symbol
     property color foreground: Theme.secondaryText
@@ -21,6 +18,20 @@ AbstractButton {
     padding: Theme.spacingXS
     leftPadding: Theme.spacingS
     rightPadding: Theme.spacingS
+    Accessible.name: text
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: if (button.enabled) button.clicked()
+
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    Keys.onEnterPressed: event => button.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        if (button.enabled) {
+            button.clicked()
+        }
+    }
 
     contentItem: Row {
         spacing: Theme.spacingXS
@@ -42,8 +53,13 @@ AbstractButton {
     background: Rectangle {
         radius: Theme.smallRadius
         color: button.pressed ? Theme.controlBackground
-                              : button.hovered || button.visualFocus
+                              : button.hovered
                                 ? Theme.faded(Theme.controlBackground, 0.7) : "transparent"
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: button.visualFocus
+            itemRadius: Theme.smallRadius
+        }
     }
 }

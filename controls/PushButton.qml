@@ -7,12 +7,10 @@ import Kivora
 
 // A bordered push button with an optional leading symbol and spinner. `prominent` fills it
 // with the accent colour (the default action); `destructive` draws its label in red. It takes
-// the keyboard focus like any button and shows it with an accent border.
+// the keyboard focus like any button and shows it with the focus ring; Space and Return press
+// it while it has the focus.
 Button {
     id: button
-    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
-    // but do nothing on it.
-    Accessible.onPressAction: button.clicked()
 
     property string symbol
     property bool prominent: false
@@ -30,6 +28,21 @@ Button {
     topPadding: Theme.spacingS
     bottomPadding: Theme.spacingS
     opacity: enabled ? 1 : 0.45
+    Accessible.name: text
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: if (button.enabled) button.clicked()
+
+    // Return presses the focused button; it is not passed on to the window's default button.
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    Keys.onEnterPressed: event => button.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        if (button.enabled) {
+            button.clicked()
+        }
+    }
 
     contentItem: Item {
         implicitWidth: children[0].implicitWidth
@@ -67,13 +80,18 @@ Button {
         implicitHeight: Theme.controlHeight
         radius: Theme.controlRadius
         color: button.prominent
-               ? (button.pressed ? Qt.darker(Theme.accent, 1.15) : Theme.accent)
+               ? (button.pressed ? Qt.darker(Theme.accentFill, 1.15) : Theme.accentFill)
                : (button.pressed ? Theme.controlBackground
                                  : button.hovered && button.enabled
                                    ? Theme.faded(Theme.controlBackground, 0.6)
                                    : Theme.cardBackground)
-        border.width: button.prominent && !button.visualFocus ? 0 : 1
-        border.color: button.visualFocus ? Theme.accent : Theme.border
+        border.width: button.prominent ? 0 : 1
+        border.color: Theme.border
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: button.visualFocus
+            itemRadius: Theme.controlRadius
+        }
     }
 }

@@ -23,10 +23,22 @@ AbstractButton {
     implicitWidth: size
     implicitHeight: size
     hoverEnabled: true
+    // Only a symbol on screen: the tooltip is what a screen reader says.
     Accessible.name: tooltip
+    Accessible.role: Accessible.Button
     // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
     // but do nothing on it.
-    Accessible.onPressAction: button.clicked()
+    Accessible.onPressAction: if (button.enabled) button.clicked()
+
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    Keys.onEnterPressed: event => button.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        if (button.enabled) {
+            button.clicked()
+        }
+    }
 
     ToolTip.text: tooltip
     ToolTip.visible: hovered && tooltip.length > 0
@@ -47,7 +59,10 @@ AbstractButton {
         opacity: button.pressed ? Math.min(1, button.fillOpacity * 2)
                                 : button.hovered ? Math.min(1, button.fillOpacity * 1.4)
                                                  : button.fillOpacity
-        border.width: button.visualFocus ? 1 : 0
-        border.color: Theme.accent
+    }
+
+    FocusRing {
+        shown: button.visualFocus
+        itemRadius: button.radius
     }
 }

@@ -6,12 +6,17 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // A text field with a rounded border; `secure` masks what is typed and `symbol` puts a
-// symbol at its leading edge (the search field's magnifying glass).
+// symbol at its leading edge (the search field's magnifying glass). A screen reader calls it
+// by its `label`, else by its placeholder. The focused field has the focus ring.
 TextField {
     id: field
 
     property bool secure: false
     property string symbol
+    property string label
+
+    Accessible.name: label.length > 0 ? label : placeholderText
+    Accessible.passwordEdit: secure
 
     echoMode: secure ? TextInput.Password : TextInput.Normal
     leftPadding: symbol.length > 0 ? Theme.spacingSheet + Theme.spacingXXS : Theme.spacingM
@@ -21,7 +26,7 @@ TextField {
     font: Theme.body
     color: Theme.primaryText
     placeholderTextColor: Theme.tertiaryText
-    selectionColor: Theme.accent
+    selectionColor: Theme.accentFill
     selectedTextColor: Theme.accentText
     selectByMouse: true
 
@@ -30,8 +35,13 @@ TextField {
         implicitHeight: Theme.controlHeight
         radius: Theme.controlRadius
         color: Theme.fieldBackground
-        border.width: field.activeFocus ? 2 : 1
-        border.color: field.activeFocus ? Theme.accent : Theme.border
+        border.width: 1
+        border.color: Theme.controlBorder
+
+        FocusRing {
+            shown: field.activeFocus
+            itemRadius: Theme.controlRadius
+        }
 
         SymbolIcon {
             visible: field.symbol.length > 0

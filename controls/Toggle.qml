@@ -7,7 +7,8 @@ import Kivora
 
 // An on/off switch in the palette: accent track when on, a white knob sliding across. With a
 // text, the text stands at the leading edge and the switch at the trailing edge; without
-// one, the control is just the track.
+// one, the control is just the track (give it an `Accessible.name` then). Space toggles it;
+// Return is left to the window's default button.
 //
 // `value` is the setting shown and `userToggled` the user's change: the owner writes the
 // setting from it, and the switch always shows the setting, so a refused change springs back.
@@ -26,6 +27,18 @@ Switch {
     }
 
     hoverEnabled: true
+    Accessible.name: text
+    // Assistive technology toggles it as a click would: Qt 6.4's controls offer the actions
+    // but do nothing on them.
+    Accessible.onToggleAction: control.toggleByAssistant()
+    Accessible.onPressAction: control.toggleByAssistant()
+
+    function toggleByAssistant() {
+        if (!control.enabled)
+            return
+        control.toggle()
+        control.toggled()
+    }
     font: Theme.body
     padding: 0
     spacing: text.length > 0 ? Theme.spacingL : 0
@@ -39,11 +52,16 @@ Switch {
         x: control.width - width - control.rightPadding
         y: control.topPadding + (control.availableHeight - height) / 2
         radius: height / 2
-        color: control.checked ? Theme.accent : Theme.controlBackground
-        border.width: control.checked && !control.visualFocus ? 0 : 1
-        border.color: control.visualFocus ? Theme.accent : Theme.border
+        color: control.checked ? Theme.accentFill : Theme.controlBackground
+        border.width: 1
+        border.color: control.checked ? Theme.accent : Theme.controlBorder
         opacity: control.enabled ? 1.0 : 0.5
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: control.visualFocus
+            itemRadius: parent.radius
+        }
 
         Rectangle {
             readonly property int inset: (parent.height - height) / 2
@@ -54,7 +72,7 @@ Switch {
             x: control.checked ? parent.width - width - inset : inset
             color: "#ffffff"
             border.width: 1
-            border.color: Qt.rgba(0, 0, 0, 0.1)
+            border.color: control.checked ? Theme.accentFill : Theme.controlBorder
             Behavior on x { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.InOutQuad } }
         }
     }

@@ -18,6 +18,8 @@ Rectangle {
     radius: Theme.largeRadius
     color: Theme.controlBackground
     clip: true
+    Accessible.role: Accessible.Grouping
+    Accessible.name: qsTr("Active Profile")
 
     RowLayout {
         id: layout
@@ -37,7 +39,7 @@ Rectangle {
             RowLayout {
                 Layout.fillWidth: true
                 Text {
-                    text: "Active Profile"
+                    text: qsTr("Active Profile")
                     font: Theme.caption
                     color: Theme.secondaryText
                 }
@@ -51,14 +53,18 @@ Rectangle {
 
             Text {
                 objectName: "noProfileText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 visible: !card.hasProfile
-                text: "No profile selected"
+                text: qsTr("No profile selected")
                 font: Theme.subheadline
                 color: Theme.secondaryText
             }
 
             Text {
                 objectName: "activeProfileName"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 visible: card.hasProfile
                 Layout.fillWidth: true
                 text: card.profile.name ?? ""

@@ -12,6 +12,8 @@ Row {
     property string text
 
     spacing: Theme.spacingXS
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
 
     SymbolIcon {
         name: line.symbol

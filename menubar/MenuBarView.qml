@@ -7,7 +7,9 @@ import QtQuick.Controls.Basic
 import Kivora
 
 // The popover's content: setup banner, active profile, the profiles to switch between,
-// the AI and sync status, and the application commands.
+// the AI and sync status, and the application commands. The keyboard goes, with Tab, from the
+// banner to the profile list (one stop: the arrow keys, Home and End move inside it) to the
+// footer's buttons; Escape asks to close the popover.
 Item {
     id: view
 
@@ -21,6 +23,21 @@ Item {
     readonly property real listMaximumHeight: compact ? 150 : 250
 
     signal dismissRequested()
+
+    // Puts the keyboard focus on the active profile's row (the first row when none is active,
+    // the first footer button when there are no profiles).
+    function focusActiveRow() {
+        if (!rowNavigator.focusPreferred())
+            addProfileButton.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    Keys.onEscapePressed: view.dismissRequested()
+
+    Timer {
+        id: refocus
+        interval: 0
+        onTriggered: view.focusActiveRow()
+    }
 
     implicitWidth: Theme.popoverWidth
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins
@@ -78,6 +95,11 @@ Item {
 
         Divider { Layout.fillWidth: true }
 
+        RowNavigator {
+            id: rowNavigator
+            root: profileColumn
+        }
+
         ScrollView {
             id: profileScroll
             objectName: "profileList"
@@ -89,6 +111,8 @@ Item {
 
             Column {
                 id: profileColumn
+                Accessible.role: Accessible.List
+                Accessible.name: qsTr("Profiles")
                 width: profileScroll.availableWidth
                 spacing: Theme.spacingXXS
                 topPadding: Theme.spacingXXS
@@ -105,6 +129,7 @@ Item {
 
                         width: profileColumn.width
                         objectName: "profileRow:" + name
+                        navigator: rowNavigator
                         profileName: name
                         identity: gitName + " · " + gitEmail
                         active: isActive
@@ -112,7 +137,12 @@ Item {
                         onSwitchRequested: view.switchTo(profileId)
                         onOpenTerminalRequested: Profiles.openTerminal(profileId)
                         onEditRequested: view.editingProfile = profileId
-                        onDeleteRequested: Profiles.remove(profileId)
+                        onDeleteRequested: {
+                            // The deleted row may have had the keyboard: it goes on from the
+                            // active profile's row. (Before the removal, which ends this row.)
+                            refocus.restart()
+                            Profiles.remove(profileId)
+                        }
                     }
                 }
             }
@@ -126,6 +156,8 @@ Item {
             Layout.rightMargin: Theme.spacingM
             visible: Profiles.error.length > 0
             text: Profiles.error
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
             font: Theme.caption
             color: Theme.red
             wrapMode: Text.Wrap
@@ -142,18 +174,18 @@ Item {
             StatusRow {
                 Layout.fillWidth: true
                 objectName: "aiStatus"
-                label: "AI Context"
+                label: qsTr("AI Context")
                 showDot: AIContextManager.hasCurrentConfig && AIContextManager.currentConfig.isEnabled
-                value: showDot ? AIContextManager.currentConfig.provider : "Not configured"
+                value: showDot ? AIContextManager.currentConfig.provider : qsTr("Not configured")
                 valueColor: showDot ? Theme.secondaryText : Theme.tertiaryText
             }
 
             StatusRow {
                 Layout.fillWidth: true
                 objectName: "syncStatus"
-                label: "iCloud Sync"
+                label: qsTr("iCloud Sync")
                 showDot: true
-                value: "Local only"
+                value: qsTr("Local only")
                 valueColor: Theme.tertiaryText
             }
         }
@@ -165,20 +197,21 @@ Item {
             spacing: Theme.spacingXS
 
             PlainButton {
+                id: addProfileButton
                 objectName: "addProfileButton"
-                text: "Add Profile"
+                text: qsTr("Add Profile")
                 symbol: "plus"
                 onClicked: view.openSettings()
             }
             Item { Layout.fillWidth: true }
             PlainButton {
                 objectName: "settingsButton"
-                text: "Settings"
+                text: qsTr("Settings")
                 onClicked: view.openSettings()
             }
             PlainButton {
                 objectName: "quitButton"
-                text: "Quit"
+                text: qsTr("Quit")
                 onClicked: Qt.quit()
             }
         }

@@ -6,13 +6,19 @@ import QtQuick.Window
 import Kivora
 
 // The popover's window: frameless beside the tray icon (the application places it), closed
-// by Escape. The application closes it when it loses focus. Its size is fixed to its content
-// (minimum = maximum): a tiling Wayland compositor floats such a window at its natural size
-// instead of tiling it over the screen.
+// by Escape. The application closes it when it loses focus. Each time it opens, the keyboard
+// focus is on the active profile's row. Its size is fixed to its content (minimum = maximum):
+// a tiling Wayland compositor floats such a window at its natural size instead of tiling it
+// over the screen.
 Window {
     id: window
 
     title: "Kivora"
+
+    onVisibleChanged: {
+        if (visible)
+            view.focusActiveRow()
+    }
     width: view.implicitWidth
     height: view.implicitHeight
     minimumWidth: view.implicitWidth
@@ -36,10 +42,5 @@ Window {
         color: "transparent"
         border.color: Theme.border
         border.width: 1
-    }
-
-    Shortcut {
-        sequence: "Escape"
-        onActivated: window.hide()
     }
 }

@@ -9,13 +9,22 @@ import Kivora
 // Shown while profiles still need to be set up; a click opens the settings.
 AbstractButton {
     id: banner
+
+    hoverEnabled: true
+    padding: Theme.spacingML
+    text: qsTr("Setup required - click to configure profiles")
+    Accessible.name: text
     // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
     // but do nothing on it.
     Accessible.onPressAction: banner.clicked()
 
-    hoverEnabled: true
-    padding: Theme.spacingML
-    text: "Setup required - click to configure profiles"
+    Keys.onReturnPressed: event => banner.pressByKey(event)
+    Keys.onEnterPressed: event => banner.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        banner.clicked()
+    }
 
     contentItem: RowLayout {
         spacing: Theme.spacingM
@@ -41,8 +50,14 @@ AbstractButton {
     background: Rectangle {
         radius: Theme.cornerRadius
         color: Theme.warningBackground
-        border.width: banner.visualFocus ? 2 : 1
-        border.color: Theme.faded(Theme.orange, banner.hovered || banner.visualFocus ? 0.45 : 0.25)
+        border.width: 1
+        border.color: Theme.faded(Theme.orange, banner.hovered ? 0.45 : 0.25)
         Behavior on border.color { ColorAnimation { duration: Theme.hoverDuration } }
+
+        FocusRing {
+            shown: banner.visualFocus
+            inset: true
+            itemRadius: Theme.cornerRadius
+        }
     }
 }

@@ -15,6 +15,9 @@ RowLayout {
     property color valueColor: Theme.secondaryText
 
     spacing: 0
+    Accessible.role: Accessible.StaticText
+    Accessible.name: label
+    Accessible.description: value
 
     Text {
         text: row.label

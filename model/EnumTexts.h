@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 #include <QVariantList>
@@ -19,7 +20,9 @@
 //     };
 //
 // An entry type may carry more facts than texts; it needs `value` and `raw`, and `display`
-// and `description` for the functions that read them.
+// and `description` for the functions that read them. Names and descriptions shown to people
+// are marked QT_TRANSLATE_NOOP("EnumTexts", …) in the tables and translated when read; raw
+// values never are.
 template <typename Enum> struct EnumText {
     Enum value;
     const char* raw;
@@ -49,8 +52,14 @@ template <typename Table, typename Enum, typename Entry> struct EnumTexts {
     }
 
     static QString rawValue(Enum value) { return QString::fromUtf8(entry(value).raw); }
-    static QString displayName(Enum value) { return QString::fromUtf8(entry(value).display); }
-    static QString description(Enum value) { return QString::fromUtf8(entry(value).description); }
+    static QString displayName(Enum value)
+    {
+        return QCoreApplication::translate("EnumTexts", entry(value).display);
+    }
+    static QString description(Enum value)
+    {
+        return QCoreApplication::translate("EnumTexts", entry(value).description);
+    }
 
     // Exact and case-sensitive: a raw value spelt differently names nothing.
     static std::optional<Enum> fromRawValue(const QString& raw)

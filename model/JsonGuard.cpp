@@ -3,6 +3,8 @@
 
 #include "model/JsonGuard.h"
 
+#include <QCoreApplication>
+
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
@@ -56,7 +58,7 @@ public:
     }
     bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override
     {
-        problem = QStringLiteral("is not valid JSON");
+        problem = QCoreApplication::translate("JsonGuard", "is not valid JSON");
         return false;
     }
 
@@ -64,7 +66,8 @@ private:
     bool deepEnough()
     {
         if (m_isObject.size() > std::size_t(JsonGuard::maxDepth)) {
-            problem = QStringLiteral("nests arrays and objects deeper than %1 levels")
+            problem = QCoreApplication::translate("JsonGuard",
+                                                  "nests arrays and objects deeper than %1 levels")
                           .arg(JsonGuard::maxDepth);
             return false;
         }
@@ -83,7 +86,7 @@ bool JsonGuard::check(const QByteArray& bytes, QString* error)
     // would ignore whatever follows it.
     if (bytes.contains('\0')) {
         if (error) {
-            *error = QStringLiteral("is not valid JSON");
+            *error = QCoreApplication::translate("JsonGuard", "is not valid JSON");
         }
         return false;
     }
@@ -92,11 +95,13 @@ bool JsonGuard::check(const QByteArray& bytes, QString* error)
     try {
         ok = nlohmann::json::sax_parse(bytes.cbegin(), bytes.cend(), &checker);
     } catch (const nlohmann::json::exception&) {
-        checker.problem = QStringLiteral("is not valid JSON");
+        checker.problem = QCoreApplication::translate("JsonGuard", "is not valid JSON");
         ok = false;
     }
     if (!ok && error) {
-        *error = checker.problem.isEmpty() ? QStringLiteral("is not valid JSON") : checker.problem;
+        *error = checker.problem.isEmpty()
+                     ? QCoreApplication::translate("JsonGuard", "is not valid JSON")
+                     : checker.problem;
     }
     return ok;
 }

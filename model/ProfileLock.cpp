@@ -3,6 +3,7 @@
 
 #include "model/ProfileLock.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -58,7 +59,8 @@ ProfileLock::Outcome ProfileLock::lock(QString* error, int timeoutMs)
     if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
         ::close(fd);
         if (error) {
-            *error = QStringLiteral("%1 is not a regular file").arg(m_path);
+            *error =
+                QCoreApplication::translate("ProfileLock", "%1 is not a regular file").arg(m_path);
         }
         return Outcome::Unavailable;
     }
@@ -78,10 +80,10 @@ ProfileLock::Outcome ProfileLock::lock(QString* error, int timeoutMs)
             if (error) {
                 const int seconds = (timeoutMs + 999) / 1000;
                 *error = code == EWOULDBLOCK
-                             ? QStringLiteral("another Kivora process kept them locked for %1 "
-                                              "second%2")
-                                   .arg(seconds)
-                                   .arg(seconds == 1 ? QString() : QStringLiteral("s"))
+                             ? QCoreApplication::translate(
+                                   "ProfileLock",
+                                   "another Kivora process kept them locked for %n second(s)",
+                                   nullptr, seconds)
                              : reason(code);
             }
             return code == EWOULDBLOCK ? Outcome::Busy : Outcome::Unavailable;

@@ -8,6 +8,7 @@
 #include "model/PrivateFolder.h"
 #include "model/RegularFileReader.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -27,9 +28,11 @@ std::optional<StoredData> ProfileStore::load(QString* error, QByteArray* read) c
     const auto bytes = reader.read(m_path);
     if (!bytes) {
         if (error) {
-            *error = reader.failure() == RegularFileReader::Failure::Missing
-                         ? QStringLiteral("%1 does not exist").arg(m_path)
-                         : QStringLiteral("%1 cannot be read: %2").arg(m_path, reader.error());
+            *error =
+                reader.failure() == RegularFileReader::Failure::Missing
+                    ? QCoreApplication::translate("ProfileStore", "%1 does not exist").arg(m_path)
+                    : QCoreApplication::translate("ProfileStore", "%1 cannot be read: %2")
+                          .arg(m_path, reader.error());
         }
         return std::nullopt;
     }
@@ -39,7 +42,8 @@ std::optional<StoredData> ProfileStore::load(QString* error, QByteArray* read) c
     QString why;
     auto data = ProfileCodec::decodeStore(*bytes, &why);
     if (!data && error) {
-        *error = QStringLiteral("%1 cannot be read as profiles: %2").arg(m_path, why);
+        *error = QCoreApplication::translate("ProfileStore", "%1 cannot be read as profiles: %2")
+                     .arg(m_path, why);
     }
     return data;
 }

@@ -3,6 +3,7 @@
 
 #include "model/RegularFileReader.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <cerrno>
@@ -16,21 +17,21 @@ namespace {
 QString kindOfMode(mode_t mode)
 {
     if (S_ISREG(mode)) {
-        return QStringLiteral("a regular file");
+        return QCoreApplication::translate("RegularFileReader", "a regular file");
     }
     if (S_ISDIR(mode)) {
-        return QStringLiteral("a folder");
+        return QCoreApplication::translate("RegularFileReader", "a folder");
     }
     if (S_ISFIFO(mode)) {
-        return QStringLiteral("a FIFO");
+        return QCoreApplication::translate("RegularFileReader", "a FIFO");
     }
     if (S_ISSOCK(mode)) {
-        return QStringLiteral("a socket");
+        return QCoreApplication::translate("RegularFileReader", "a socket");
     }
     if (S_ISCHR(mode) || S_ISBLK(mode)) {
-        return QStringLiteral("a device");
+        return QCoreApplication::translate("RegularFileReader", "a device");
     }
-    return QStringLiteral("not a regular file");
+    return QCoreApplication::translate("RegularFileReader", "not a regular file");
 }
 
 QString systemError(int error)
@@ -73,28 +74,35 @@ std::optional<QByteArray> RegularFileReader::read(const QString& path)
     if (::stat(name.constData(), &before) != 0) {
         const int error = errno;
         return error == ENOENT || error == ENOTDIR
-                   ? fail(Failure::Missing, QStringLiteral("it does not exist"))
+                   ? fail(Failure::Missing,
+                          QCoreApplication::translate("RegularFileReader", "it does not exist"))
                    : fail(Failure::Unreadable, systemError(error));
     }
     if (!S_ISREG(before.st_mode)) {
         return fail(Failure::NotRegular,
-                    QStringLiteral("it is %1, not a regular file").arg(kindOfMode(before.st_mode)));
+                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file")
+                        .arg(kindOfMode(before.st_mode)));
     }
 
     // Opened without blocking and looked at again, in case the file was swapped meanwhile.
     const int fd = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (fd < 0) {
         const int error = errno;
-        return error == ENOENT ? fail(Failure::Missing, QStringLiteral("it does not exist"))
-                               : fail(Failure::Unreadable, systemError(error));
+        return error == ENOENT
+                   ? fail(Failure::Missing,
+                          QCoreApplication::translate("RegularFileReader", "it does not exist"))
+                   : fail(Failure::Unreadable, systemError(error));
     }
     struct stat opened {};
     if (::fstat(fd, &opened) != 0 || !S_ISREG(opened.st_mode)) {
         ::close(fd);
         return fail(Failure::NotRegular,
-                    QStringLiteral("it is %1, not a regular file").arg(kindOfMode(opened.st_mode)));
+                    QCoreApplication::translate("RegularFileReader", "it is %1, not a regular file")
+                        .arg(kindOfMode(opened.st_mode)));
     }
-    const QString tooLarge = QStringLiteral("it is larger than %1").arg(megabytes(m_limit));
+    const QString tooLarge =
+        QCoreApplication::translate("RegularFileReader", "it is larger than %1")
+            .arg(megabytes(m_limit));
     if (opened.st_size > m_limit) {
         ::close(fd);
         return fail(Failure::TooLarge, tooLarge);

@@ -11,8 +11,11 @@ enum class AppAppearance { system, light, dark };
 
 struct AppAppearances : EnumTexts<AppAppearances, AppAppearance, EnumText<AppAppearance>> {
     static constexpr EnumText<AppAppearance> entries[] = {
-        {AppAppearance::system, "System", "System", "Adapts to your system's light or dark mode"},
-        {AppAppearance::light, "Light", "Light", "Always uses light appearance"},
-        {AppAppearance::dark, "Dark", "Dark", "Always uses dark appearance"},
+        {AppAppearance::system, "System", QT_TRANSLATE_NOOP("EnumTexts", "System"),
+         QT_TRANSLATE_NOOP("EnumTexts", "Adapts to your system's light or dark mode")},
+        {AppAppearance::light, "Light", QT_TRANSLATE_NOOP("EnumTexts", "Light"),
+         QT_TRANSLATE_NOOP("EnumTexts", "Always uses light appearance")},
+        {AppAppearance::dark, "Dark", QT_TRANSLATE_NOOP("EnumTexts", "Dark"),
+         QT_TRANSLATE_NOOP("EnumTexts", "Always uses dark appearance")},
     };
 };

@@ -12,8 +12,11 @@ enum class MenuBarIconStyle { dot, full, text };
 struct MenuBarIconStyles
     : EnumTexts<MenuBarIconStyles, MenuBarIconStyle, EnumText<MenuBarIconStyle>> {
     static constexpr EnumText<MenuBarIconStyle> entries[] = {
-        {MenuBarIconStyle::dot, "dot", "Dot", "A simple colored dot in the menu bar"},
-        {MenuBarIconStyle::full, "full", "Full Logo", "Full Kivora logo icon in the menu bar"},
-        {MenuBarIconStyle::text, "text", "Text", "Text 'K' displayed in the menu bar"},
+        {MenuBarIconStyle::dot, "dot", QT_TRANSLATE_NOOP("EnumTexts", "Dot"),
+         QT_TRANSLATE_NOOP("EnumTexts", "A simple colored dot in the menu bar")},
+        {MenuBarIconStyle::full, "full", QT_TRANSLATE_NOOP("EnumTexts", "Full Logo"),
+         QT_TRANSLATE_NOOP("EnumTexts", "Full Kivora logo icon in the menu bar")},
+        {MenuBarIconStyle::text, "text", QT_TRANSLATE_NOOP("EnumTexts", "Text"),
+         QT_TRANSLATE_NOOP("EnumTexts", "Text 'K' displayed in the menu bar")},
     };
 };

@@ -15,12 +15,12 @@ SettingsContainer {
     readonly property int shownProfiles: 3
     readonly property int profileCount: Profiles.count
 
-    title: "AI"
-    subtitle: "Configure AI context per profile"
+    title: qsTr("AI")
+    subtitle: qsTr("Configure AI context per profile")
     icon: "sparkles"
 
     SettingsSection {
-        title: "AI Providers"
+        title: qsTr("AI Providers")
 
         SettingsCard {
             objectName: "providersCard"
@@ -52,12 +52,12 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Profile Configuration"
+        title: qsTr("Profile Configuration")
 
         SettingsCard {
             ValueRow {
                 objectName: "configuredProfilesRow"
-                label: "Configured Profiles"
+                label: qsTr("Configured Profiles")
                 value: String(page.profileCount)
                 emphasized: true
             }
@@ -66,7 +66,7 @@ SettingsContainer {
                 objectName: "noProfilesText"
                 Layout.fillWidth: true
                 visible: page.profileCount === 0
-                text: "No profiles configured yet. Create profiles in the Profiles section."
+                text: qsTr("No profiles configured yet. Create profiles in the Profiles section.")
                 font: Theme.body
                 color: Theme.secondaryText
                 wrapMode: Text.WordWrap
@@ -97,7 +97,7 @@ SettingsContainer {
                         elide: Text.ElideRight
                     }
                     Text {
-                        text: "Not configured"
+                        text: qsTr("Not configured")
                         font: Theme.subheadline
                         color: Theme.secondaryText
                     }
@@ -107,7 +107,7 @@ SettingsContainer {
             Text {
                 objectName: "moreProfilesText"
                 visible: page.profileCount > page.shownProfiles
-                text: "+ " + (page.profileCount - page.shownProfiles) + " more"
+                text: qsTr("+ %1 more").arg(page.profileCount - page.shownProfiles)
                 font: Theme.subheadline
                 color: Theme.secondaryText
             }
@@ -115,17 +115,17 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "About"
+        title: qsTr("About")
 
         SettingsCard {
             ParagraphText {
-                text: "AI Context allows you to associate different AI models and API keys with each profile."
+                text: qsTr("AI Context allows you to associate different AI models and API keys with each profile.")
             }
             ParagraphText {
-                text: "When you switch profiles, your AI context switches automatically - perfect for using different API keys for work and personal projects."
+                text: qsTr("When you switch profiles, your AI context switches automatically - perfect for using different API keys for work and personal projects.")
             }
             ParagraphText {
-                text: "This feature will be available in a future update."
+                text: qsTr("This feature will be available in a future update.")
                 secondary: true
             }
         }

@@ -20,12 +20,12 @@ SettingsContainer {
         Qt.openUrlExternally(address)
     }
 
-    title: "About"
-    subtitle: "Learn more about Kivora"
+    title: qsTr("About")
+    subtitle: qsTr("Learn more about Kivora")
     icon: "info.circle.fill"
 
     SettingsSection {
-        title: "App Info"
+        title: qsTr("App Info")
 
         SettingsCard {
             RowLayout {
@@ -52,7 +52,7 @@ SettingsContainer {
                     }
                     Text {
                         objectName: "appVersion"
-                        text: "Version 1.0.0 (Build 1)"
+                        text: qsTr("Version 1.0.0 (Build 1)")
                         font: Theme.body
                         color: Theme.secondaryText
                     }
@@ -62,47 +62,47 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Description"
+        title: qsTr("Description")
 
         SettingsCard {
             ParagraphText {
-                text: "Kivora helps you manage multiple git identities across different projects and machines."
+                text: qsTr("Kivora helps you manage multiple git identities across different projects and machines.")
             }
             ParagraphText {
-                text: "Switch between git profiles instantly with a single click from your menu bar."
+                text: qsTr("Switch between git profiles instantly with a single click from your menu bar.")
             }
         }
     }
 
     SettingsSection {
-        title: "Quick Links"
+        title: qsTr("Quick Links")
 
         SettingsCard {
             LinkRow {
                 objectName: "link:Website"
                 symbol: "globe"
-                text: "Website"
+                text: qsTr("Website")
                 url: page.websiteUrl
                 onClicked: page.openLink(url)
             }
             LinkRow {
                 objectName: "link:Documentation"
                 symbol: "book"
-                text: "Documentation"
+                text: qsTr("Documentation")
                 url: page.documentationUrl
                 onClicked: page.openLink(url)
             }
             LinkRow {
                 objectName: "link:Support"
                 symbol: "questionmark.circle"
-                text: "Support"
+                text: qsTr("Support")
                 url: page.supportUrl
                 onClicked: page.openLink(url)
             }
             LinkRow {
                 objectName: "link:Privacy Policy"
                 symbol: "hand.raised"
-                text: "Privacy Policy"
+                text: qsTr("Privacy Policy")
                 url: page.privacyUrl
                 onClicked: page.openLink(url)
             }
@@ -117,14 +117,14 @@ SettingsContainer {
         Text {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
-            text: "Built with Qt"
+            text: qsTr("Built with Qt")
             font: Theme.caption
             color: Theme.secondaryText
         }
         Text {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
-            text: "© 2026 Kivora. All rights reserved."
+            text: qsTr("© 2026 Kivora. All rights reserved.")
             font: Theme.caption
             color: Theme.tertiaryText
         }

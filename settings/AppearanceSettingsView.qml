@@ -13,16 +13,16 @@ SettingsContainer {
     readonly property var iconStyles: SettingsManager.iconStyleChoices()
     readonly property var appearances: SettingsManager.appearanceChoices()
 
-    title: "Appearance"
-    subtitle: "Customize how Kivora looks and feels"
+    title: qsTr("Appearance")
+    subtitle: qsTr("Customize how Kivora looks and feels")
     icon: "paintbrush.fill"
 
     SettingsSection {
-        title: "Menu Bar"
+        title: qsTr("Menu Bar")
 
         SettingsCard {
             ChoiceField {
-                label: "Icon Style"
+                label: qsTr("Icon Style")
                 pickerName: "iconStylePicker"
                 descriptionName: "iconStyleDescription"
                 choices: page.iconStyles
@@ -34,8 +34,8 @@ SettingsContainer {
 
             ToggleRow {
                 objectName: "compactModeRow"
-                title: "Compact Mode"
-                description: "Show simplified menu bar with less detail"
+                title: qsTr("Compact Mode")
+                description: qsTr("Show simplified menu bar with less detail")
                 checked: SettingsManager.compactMode
                 onToggled: value => SettingsManager.compactMode = value
             }
@@ -43,11 +43,11 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Application"
+        title: qsTr("Application")
 
         SettingsCard {
             ChoiceField {
-                label: "Appearance"
+                label: qsTr("Appearance")
                 pickerName: "appearancePicker"
                 descriptionName: "appearanceDescription"
                 choices: page.appearances
@@ -58,13 +58,13 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Menu Bar Information"
+        title: qsTr("Menu Bar Information")
 
         SettingsCard {
             ToggleRow {
                 objectName: "showEmailRow"
-                title: "Show Profile Email"
-                description: "Display email address in the menu bar"
+                title: qsTr("Show Profile Email")
+                description: qsTr("Display email address in the menu bar")
                 checked: SettingsManager.showProfileEmail
                 onToggled: value => SettingsManager.showProfileEmail = value
             }
@@ -73,8 +73,8 @@ SettingsContainer {
 
             ToggleRow {
                 objectName: "showSSHKeyRow"
-                title: "Show SSH Key Path"
-                description: "Display SSH key information in the menu bar"
+                title: qsTr("Show SSH Key Path")
+                description: qsTr("Display SSH key information in the menu bar")
                 checked: SettingsManager.showSSHKey
                 onToggled: value => SettingsManager.showSSHKey = value
             }
@@ -82,7 +82,7 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Preview"
+        title: qsTr("Preview")
 
         SettingsCard {
             PreviewView {

@@ -33,6 +33,7 @@ ColumnLayout {
     SegmentedPicker {
         objectName: field.pickerName
         Layout.fillWidth: true
+        label: field.label
         choices: field.choices
         value: field.value
         onActivated: rawValue => field.activated(rawValue)

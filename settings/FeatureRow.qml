@@ -58,6 +58,6 @@ RowLayout {
     Badge {
         objectName: "comingSoonBadge"
         visible: row.comingSoon
-        text: "Coming Soon"
+        text: qsTr("Coming Soon")
     }
 }

@@ -10,9 +10,6 @@ import Kivora
 // owner, which opens `url` in the browser.
 AbstractButton {
     id: link
-    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
-    // but do nothing on it.
-    Accessible.onPressAction: link.clicked()
 
     property string symbol
     property url url
@@ -20,6 +17,20 @@ AbstractButton {
     hoverEnabled: true
     padding: Theme.spacingXXS
     font: Theme.body
+    Accessible.role: Accessible.Link
+    Accessible.name: text
+    Accessible.description: String(url)
+    // Assistive technology presses it as a click: Qt 6.4's controls offer the press action
+    // but do nothing on it.
+    Accessible.onPressAction: link.clicked()
+
+    Keys.onReturnPressed: event => link.pressByKey(event)
+    Keys.onEnterPressed: event => link.pressByKey(event)
+
+    function pressByKey(event: KeyEvent) {
+        event.accepted = true
+        link.clicked()
+    }
 
     HoverHandler { cursorShape: Qt.PointingHandCursor }
     ToolTip.text: String(link.url)
@@ -43,5 +54,10 @@ AbstractButton {
         }
     }
 
-    background: Item {}
+    background: Item {
+        FocusRing {
+            shown: link.visualFocus
+            itemRadius: Theme.smallRadius
+        }
+    }
 }

@@ -19,7 +19,7 @@ Rectangle {
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
-            text: "Select a settings page"
+            text: qsTr("Select a settings page")
             font: Theme.headline
             color: Theme.secondaryText
         }

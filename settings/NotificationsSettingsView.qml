@@ -7,43 +7,43 @@ import Kivora
 
 // The "Notifications" page of the settings window: the alerts to come, without controls.
 SettingsContainer {
-    title: "Notifications"
-    subtitle: "Configure alerts and warnings"
+    title: qsTr("Notifications")
+    subtitle: qsTr("Configure alerts and warnings")
     icon: "bell.fill"
 
     SettingsSection {
-        title: "Notifications"
+        title: qsTr("Notifications")
 
         SettingsCard {
             InfoEntry {
                 objectName: "entry:Profile Switch Notifications"
-                title: "Profile Switch Notifications"
-                description: "Get notified when you switch profiles"
+                title: qsTr("Profile Switch Notifications")
+                description: qsTr("Get notified when you switch profiles")
             }
             Divider { Layout.fillWidth: true }
             InfoEntry {
                 objectName: "entry:Warning on Wrong Identity"
-                title: "Warning on Wrong Identity"
-                description: "Alert when committing with a different identity than expected"
+                title: qsTr("Warning on Wrong Identity")
+                description: qsTr("Alert when committing with a different identity than expected")
             }
             Divider { Layout.fillWidth: true }
             InfoEntry {
                 objectName: "entry:Machine Change Detection"
-                title: "Machine Change Detection"
-                description: "Notify when you switch machines and profile might need updating"
+                title: qsTr("Machine Change Detection")
+                description: qsTr("Notify when you switch machines and profile might need updating")
             }
         }
     }
 
     SettingsSection {
-        title: "About"
+        title: qsTr("About")
 
         SettingsCard {
             ParagraphText {
-                text: "Notification features allow you to stay aware of your git identity across different contexts."
+                text: qsTr("Notification features allow you to stay aware of your git identity across different contexts.")
             }
             ParagraphText {
-                text: "These features are coming soon in a future update."
+                text: qsTr("These features are coming soon in a future update.")
                 secondary: true
             }
         }

@@ -17,7 +17,7 @@ Rectangle {
     readonly property int padding: compact ? Theme.spacingM : Theme.spacingXL
 
     // Obviously made-up sample identity.
-    readonly property string sampleName: "Alex Sample"
+    readonly property string sampleName: qsTr("Alex Sample")
     readonly property string sampleWorkEmail: "alex@work.example"
     readonly property string samplePersonalEmail: "alex@personal.example"
 
@@ -50,7 +50,7 @@ Rectangle {
                 spacing: Theme.spacingXXS
                 Text {
                     objectName: "previewProfileName"
-                    text: "Work"
+                    text: qsTr("Work")
                     font: Theme.headline
                     color: Theme.primaryText
                 }
@@ -83,19 +83,22 @@ Rectangle {
             Layout.fillWidth: true
             spacing: Theme.spacingXS
 
-            // Shown only: pressing them does nothing.
+            // Shown only: pressing them does nothing, and the keyboard passes them by.
             PlainButton {
                 objectName: "previewAdd"
-                text: "Add"
+                focusPolicy: Qt.NoFocus
+                text: qsTr("Add")
             }
             Item { Layout.fillWidth: true }
             PlainButton {
                 objectName: "previewSettings"
-                text: "Settings"
+                focusPolicy: Qt.NoFocus
+                text: qsTr("Settings")
             }
             PlainButton {
                 objectName: "previewQuit"
-                text: "Quit"
+                focusPolicy: Qt.NoFocus
+                text: qsTr("Quit")
             }
         }
     }

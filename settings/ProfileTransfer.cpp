@@ -40,8 +40,7 @@ bool ProfileTransfer::exportTo(const QUrl& file)
     const QString path = localPath(file);
     if (!AtomicFile::write(path, ProfileCodec::encodeProfileArray(m_manager.profiles()),
                            AtomicFile::privateFile, &why)) {
-        setError(Sentence::of(
-            QStringLiteral("the profiles could not be exported to %1 (%2)").arg(path, why)));
+        setError(Sentence::of(tr("the profiles could not be exported to %1 (%2)").arg(path, why)));
         return false;
     }
     setError({});
@@ -59,20 +58,19 @@ int ProfileTransfer::importFrom(const QUrl& file)
     RegularFileReader reader;
     const auto bytes = reader.read(path);
     if (!bytes) {
-        setError(Sentence::of(
-            QStringLiteral("cannot read %1: %2; nothing was imported").arg(path, reader.error())));
+        setError(
+            Sentence::of(tr("cannot read %1: %2; nothing was imported").arg(path, reader.error())));
         return 0;
     }
     QString why;
     const auto profiles = ProfileCodec::decodeProfileArray(*bytes, &why);
     if (!profiles) {
-        setError(
-            Sentence::of(QStringLiteral("%1 is not a profile export (%2); nothing was imported")
-                             .arg(path, why)));
+        setError(Sentence::of(
+            tr("%1 is not a profile export (%2); nothing was imported").arg(path, why)));
         return 0;
     }
     if (!m_manager.addProfiles(*profiles, &why)) {
-        setError(Sentence::of(why + QStringLiteral("; nothing was imported")));
+        setError(Sentence::of(why + tr("; nothing was imported")));
         return 0;
     }
     setError({});

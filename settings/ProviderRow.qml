@@ -36,7 +36,7 @@ RowLayout {
 
     Text {
         objectName: "providerStatus"
-        text: row.configured ? "Configured" : "Not configured"
+        text: row.configured ? qsTr("Configured") : qsTr("Not configured")
         font: Theme.subheadline
         color: row.configured ? Theme.green : Theme.secondaryText
     }

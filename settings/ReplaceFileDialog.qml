@@ -58,7 +58,7 @@ Popup {
             Accessible.name: text
             Layout.fillWidth: true
             Layout.topMargin: 4
-            text: "A file named \u201c" + dialog.fileName + "\u201d already exists."
+            text: qsTr("A file named \u201c%1\u201d already exists.").arg(dialog.fileName)
             font: Theme.headline
             color: Theme.primaryText
             horizontalAlignment: Text.AlignHCenter
@@ -69,7 +69,7 @@ Popup {
             Accessible.role: Accessible.StaticText
             Accessible.name: text
             Layout.fillWidth: true
-            text: "Do you want to replace it? Its contents will be overwritten."
+            text: qsTr("Do you want to replace it? Its contents will be overwritten.")
             font: Theme.subheadline
             color: Theme.secondaryText
             horizontalAlignment: Text.AlignHCenter
@@ -84,7 +84,7 @@ Popup {
             PushButton {
                 objectName: "replaceButton"
                 Layout.fillWidth: true
-                text: "Replace"
+                text: qsTr("Replace")
                 destructive: true
                 onClicked: {
                     dialog.close()
@@ -94,7 +94,7 @@ Popup {
             PushButton {
                 objectName: "cancelButton"
                 Layout.fillWidth: true
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: dialog.close()
             }
         }

@@ -8,20 +8,20 @@ import Kivora
 // The "SSH" page of the settings window: the SSH features to come. It reads no state: the
 // detected-key count is a fixed "0" until key management lands here.
 SettingsContainer {
-    title: "SSH"
-    subtitle: "Manage SSH keys and connections"
+    title: qsTr("SSH")
+    subtitle: qsTr("Manage SSH keys and connections")
     icon: "key.fill"
 
     SettingsSection {
-        title: "SSH Key Management"
+        title: qsTr("SSH Key Management")
 
         SettingsCard {
             FeatureRow {
                 objectName: "feature:Key Scanner"
                 symbol: "key.horizontal.fill"
                 tint: Theme.purple
-                title: "Key Scanner"
-                description: "Automatically detect SSH keys in ~/.ssh"
+                title: qsTr("Key Scanner")
+                description: qsTr("Automatically detect SSH keys in ~/.ssh")
                 comingSoon: true
             }
             Divider { Layout.fillWidth: true }
@@ -29,8 +29,8 @@ SettingsContainer {
                 objectName: "feature:Key Generator"
                 symbol: "plus.circle.fill"
                 tint: Theme.green
-                title: "Key Generator"
-                description: "Generate new SSH keys directly from Kivora"
+                title: qsTr("Key Generator")
+                description: qsTr("Generate new SSH keys directly from Kivora")
                 comingSoon: true
             }
             Divider { Layout.fillWidth: true }
@@ -38,38 +38,38 @@ SettingsContainer {
                 objectName: "feature:Connection Testing"
                 symbol: "antenna.radiowaves.left.and.right"
                 tint: Theme.blue
-                title: "Connection Testing"
-                description: "Test SSH connections for each key"
+                title: qsTr("Connection Testing")
+                description: qsTr("Test SSH connections for each key")
                 comingSoon: true
             }
         }
     }
 
     SettingsSection {
-        title: "Current Keys"
+        title: qsTr("Current Keys")
 
         SettingsCard {
             ValueRow {
                 objectName: "detectedKeysRow"
-                label: "Detected Keys"
+                label: qsTr("Detected Keys")
                 value: "0"
             }
             ParagraphText {
-                text: "No SSH keys have been detected yet. Use the Profiles section to scan for keys."
+                text: qsTr("No SSH keys have been detected yet. Use the Profiles section to scan for keys.")
                 secondary: true
             }
         }
     }
 
     SettingsSection {
-        title: "About"
+        title: qsTr("About")
 
         SettingsCard {
             ParagraphText {
-                text: "SSH key management allows you to scan, generate, and test SSH keys associated with your profiles."
+                text: qsTr("SSH key management allows you to scan, generate, and test SSH keys associated with your profiles.")
             }
             ParagraphText {
-                text: "This feature will be available in a future update."
+                text: qsTr("This feature will be available in a future update.")
                 secondary: true
             }
         }

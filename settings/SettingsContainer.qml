@@ -4,12 +4,13 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
+import QtQuick.Window
 import Kivora
 
 // The frame of every settings page: a header with the page's symbol, title, subtitle and,
 // when set, its feature status badge; a divider; then the page's content, scrolling. The
 // scrolled area is as tall as the content and its margins, so the end of a page can always
-// be scrolled into view.
+// be scrolled into view. The control the keyboard is in is scrolled into view too.
 Rectangle {
     id: container
 
@@ -22,6 +23,39 @@ Rectangle {
     readonly property alias scrollView: scroll
 
     color: Theme.windowBackground
+
+    readonly property Item focusedItem: Window.activeFocusItem
+
+    // Page Up and Page Down scroll the page while the keyboard is in it.
+    Keys.onPressed: event => {
+        const flick = scroll.contentItem as Flickable
+        if (!flick || (event.key !== Qt.Key_PageDown && event.key !== Qt.Key_PageUp))
+            return
+        const step = flick.height * 0.9 * (event.key === Qt.Key_PageDown ? 1 : -1)
+        flick.contentY = Math.max(0, Math.min(Math.max(0, flick.contentHeight - flick.height),
+                                              flick.contentY + step))
+        event.accepted = true
+    }
+
+    onFocusedItemChanged: {
+        const flick = scroll.contentItem as Flickable
+        const item = container.focusedItem
+        if (!flick || !item || !body.visible)
+            return
+        for (let parent = item.parent; parent; parent = parent.parent) {
+            if (parent === body) {
+                const top = item.mapToItem(flick.contentItem, 0, 0).y
+                const margin = Theme.spacingM
+                if (top - margin < flick.contentY) {
+                    flick.contentY = Math.max(0, top - margin)
+                } else if (top + item.height + margin > flick.contentY + flick.height) {
+                    flick.contentY = Math.max(0, Math.min(flick.contentHeight - flick.height,
+                                                          top + item.height + margin - flick.height))
+                }
+                return
+            }
+        }
+    }
 
     ColumnLayout {
         anchors.fill: parent
@@ -53,6 +87,9 @@ Rectangle {
                 Text {
                     objectName: "pageTitle"
                     text: container.title
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
+                    Accessible.description: container.subtitle
                     font: Theme.title
                     color: Theme.primaryText
                 }

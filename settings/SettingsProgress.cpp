@@ -3,6 +3,8 @@
 
 #include "settings/SettingsProgress.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 struct ProgressInfo {
@@ -14,12 +16,15 @@ struct ProgressInfo {
 };
 
 constexpr ProgressInfo progressInfo[] = {
-    {SettingsProgress::Configured, "Configured", "checkmark.circle.fill", "green",
-     "This feature is fully configured"},
-    {SettingsProgress::ComingSoon, "Coming Soon", "clock.fill", "orange",
-     "This feature is coming in a future update"},
-    {SettingsProgress::NeedsSetup, "Needs Setup", "exclamationmark.triangle.fill", "red",
-     "This feature requires some setup"},
+    {SettingsProgress::Configured, QT_TRANSLATE_NOOP("SettingsProgress", "Configured"),
+     "checkmark.circle.fill", "green",
+     QT_TRANSLATE_NOOP("SettingsProgress", "This feature is fully configured")},
+    {SettingsProgress::ComingSoon, QT_TRANSLATE_NOOP("SettingsProgress", "Coming Soon"),
+     "clock.fill", "orange",
+     QT_TRANSLATE_NOOP("SettingsProgress", "This feature is coming in a future update")},
+    {SettingsProgress::NeedsSetup, QT_TRANSLATE_NOOP("SettingsProgress", "Needs Setup"),
+     "exclamationmark.triangle.fill", "red",
+     QT_TRANSLATE_NOOP("SettingsProgress", "This feature requires some setup")},
 };
 
 // One field of a status's row; empty for a number that names no status.
@@ -39,7 +44,8 @@ SettingsProgress::SettingsProgress(QObject* parent) : QObject(parent) {}
 
 QString SettingsProgress::text(int progress)
 {
-    return field(progress, &ProgressInfo::text);
+    return QCoreApplication::translate("SettingsProgress",
+                                       field(progress, &ProgressInfo::text).toUtf8().constData());
 }
 
 QString SettingsProgress::symbol(int progress)
@@ -54,5 +60,6 @@ QString SettingsProgress::colorName(int progress)
 
 QString SettingsProgress::tooltip(int progress)
 {
-    return field(progress, &ProgressInfo::tooltip);
+    return QCoreApplication::translate(
+        "SettingsProgress", field(progress, &ProgressInfo::tooltip).toUtf8().constData());
 }

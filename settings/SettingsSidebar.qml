@@ -7,6 +7,8 @@ import Kivora
 
 // The settings window's sidebar: search field, Favorites (while any), the General,
 // Advanced and Account sections, and the quick actions. Search dims rows, never hides them.
+// The rows are one stop of the Tab chain (the selected page's row); the arrow keys, Home and
+// End walk all of them, quick actions included, and Down in the search field goes to them.
 Rectangle {
     id: sidebar
 
@@ -35,7 +37,13 @@ Rectangle {
         anchors.right: parent.right
         anchors.margins: Theme.spacingL
         symbol: "magnifyingglass"
-        placeholderText: "Search settings"
+        placeholderText: qsTr("Search settings")
+        Keys.onDownPressed: rowNavigator.focusPreferred()
+    }
+
+    RowNavigator {
+        id: rowNavigator
+        root: list
     }
 
     Flickable {
@@ -52,6 +60,8 @@ Rectangle {
 
         Column {
             id: list
+            Accessible.role: Accessible.PageTabList
+            Accessible.name: qsTr("Settings pages")
             x: Theme.spacingM
             width: flick.width - 2 * Theme.spacingM
             spacing: 1
@@ -60,7 +70,8 @@ Rectangle {
                 objectName: "favoritesSection"
                 width: list.width
                 visible: sidebar.favoritedTabs.length > 0
-                title: "Favorites"
+                title: qsTr("Favorites")
+                navigator: rowNavigator
                 rowPrefix: "favoriteRow:"
                 tabs: SettingsTab.sortedByTitle(sidebar.favoritedTabs)
                 favoritedTabs: sidebar.favoritedTabs
@@ -76,7 +87,8 @@ Rectangle {
                     required property string modelData
                     objectName: "section:" + modelData
                     width: list.width
-                    title: modelData
+                    title: SettingsTab.sectionTitle(modelData)
+                    navigator: rowNavigator
                     tabs: SettingsTab.tabsIn(modelData)
                     favoritedTabs: sidebar.favoritedTabs
                     selectedTab: sidebar.selectedTab
@@ -86,25 +98,28 @@ Rectangle {
                 }
             }
 
-            SidebarSectionHeader { text: "Quick Actions" }
+            SidebarSectionHeader { text: qsTr("Quick Actions") }
             QuickActionRow {
                 objectName: "exportAction"
                 width: list.width
-                title: "Export Profiles"
+                title: qsTr("Export Profiles")
+                navigator: rowNavigator
                 symbol: "square.and.arrow.up"
                 onClicked: sidebar.exportRequested()
             }
             QuickActionRow {
                 objectName: "importAction"
                 width: list.width
-                title: "Import Profiles"
+                title: qsTr("Import Profiles")
+                navigator: rowNavigator
                 symbol: "square.and.arrow.down"
                 onClicked: sidebar.importRequested()
             }
             QuickActionRow {
                 objectName: "resetAction"
                 width: list.width
-                title: "Reset All Settings"
+                title: qsTr("Reset All Settings")
+                navigator: rowNavigator
                 symbol: "arrow.counterclockwise"
                 destructive: true
                 onClicked: sidebar.resetRequested()

@@ -15,6 +15,8 @@ Column {
     property string searchText: ""
     // Prefix of the rows' object names, so that a page listed twice can be told apart.
     property string rowPrefix: "tabRow:"
+    // The sidebar's keyboard walker.
+    property RowNavigator navigator: null
 
     signal tabSelected(int tab)
     signal favoriteToggled(int tab)
@@ -30,6 +32,7 @@ Column {
             objectName: section.rowPrefix + SettingsTab.title(modelData)
             width: section.width
             tab: modelData
+            navigator: section.navigator
             isFavorited: section.favoritedTabs.indexOf(modelData) >= 0
             selected: section.selectedTab === modelData
             searchText: section.searchText

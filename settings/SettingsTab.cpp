@@ -3,6 +3,7 @@
 
 #include "settings/SettingsTab.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <algorithm>
@@ -17,15 +18,24 @@ struct TabInfo {
 };
 
 constexpr TabInfo tabInfo[] = {
-    {SettingsTab::Profiles, "Profiles", "person.2.fill", "General"},
-    {SettingsTab::AI, "AI", "sparkles", "Advanced"},
-    {SettingsTab::SSH, "SSH", "key.fill", "Advanced"},
-    {SettingsTab::Appearance, "Appearance", "paintbrush.fill", "General"},
-    {SettingsTab::Hooks, "Hooks", "terminal.fill", "Advanced"},
-    {SettingsTab::Notifications, "Notifications", "bell.fill", "General"},
-    {SettingsTab::Sync, "Sync", "arrow.triangle.2.circlepath", "Advanced"},
-    {SettingsTab::About, "About", "info.circle.fill", "Account"},
-    {SettingsTab::Updates, "Updates", "arrow.down.circle.fill", "General"},
+    {SettingsTab::Profiles, QT_TRANSLATE_NOOP("SettingsTab", "Profiles"), "person.2.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::AI, QT_TRANSLATE_NOOP("SettingsTab", "AI"), "sparkles",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::SSH, QT_TRANSLATE_NOOP("SettingsTab", "SSH"), "key.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::Appearance, QT_TRANSLATE_NOOP("SettingsTab", "Appearance"), "paintbrush.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::Hooks, QT_TRANSLATE_NOOP("SettingsTab", "Hooks"), "terminal.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::Notifications, QT_TRANSLATE_NOOP("SettingsTab", "Notifications"), "bell.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
+    {SettingsTab::Sync, QT_TRANSLATE_NOOP("SettingsTab", "Sync"), "arrow.triangle.2.circlepath",
+     QT_TRANSLATE_NOOP("SettingsTab", "Advanced")},
+    {SettingsTab::About, QT_TRANSLATE_NOOP("SettingsTab", "About"), "info.circle.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "Account")},
+    {SettingsTab::Updates, QT_TRANSLATE_NOOP("SettingsTab", "Updates"), "arrow.down.circle.fill",
+     QT_TRANSLATE_NOOP("SettingsTab", "General")},
 };
 
 const TabInfo* info(int tab)
@@ -54,7 +64,7 @@ QVariantList SettingsTab::allTabs()
 QString SettingsTab::title(int tab)
 {
     const TabInfo* entry = info(tab);
-    return entry ? QString::fromLatin1(entry->title) : QString();
+    return entry ? QCoreApplication::translate("SettingsTab", entry->title) : QString();
 }
 
 QString SettingsTab::icon(int tab)
@@ -67,6 +77,11 @@ QString SettingsTab::section(int tab)
 {
     const TabInfo* entry = info(tab);
     return entry ? QString::fromLatin1(entry->section) : QString();
+}
+
+QString SettingsTab::sectionTitle(const QString& section)
+{
+    return QCoreApplication::translate("SettingsTab", section.toUtf8().constData());
 }
 
 QStringList SettingsTab::sections()

@@ -26,8 +26,10 @@ public:
     Q_INVOKABLE static QString icon(int tab);
     Q_INVOKABLE static QString section(int tab);
 
-    // "General", "Advanced", "Account".
+    // "General", "Advanced", "Account": the sections' keys.
     Q_INVOKABLE static QStringList sections();
+    // A section's title as the sidebar shows it.
+    Q_INVOKABLE static QString sectionTitle(const QString& section);
     // The tabs of a section in the sidebar's fixed order.
     Q_INVOKABLE static QVariantList tabsIn(const QString& section);
 

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Window
 import QtQuick.Dialogs
 import QtCore
 import Kivora
@@ -36,19 +37,22 @@ Item {
     }
 
     readonly property url homeFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
-    readonly property string jsonFilter: "JSON files (*.json)"
+    readonly property string jsonFilter: qsTr("JSON files (*.json)")
 
     // Export and import ask the desktop's file chooser first (the XDG portal); without one,
     // Qt's own dialog is shown.
     function chooseExportFile() {
+        rememberFocus()
         chooser.purpose = "export"
-        chooser.saveFile(view.Window.window, "Export Profiles", "Save", "kivora-profiles.json",
-                         homeFolder, jsonFilter)
+        chooser.saveFile(view.Window.window, qsTr("Export Profiles"), qsTr("Save"),
+                         "kivora-profiles.json", homeFolder, jsonFilter)
     }
 
     function chooseImportFile() {
+        rememberFocus()
         chooser.purpose = "import"
-        chooser.openFile(view.Window.window, "Import Profiles", "Open", homeFolder, jsonFilter)
+        chooser.openFile(view.Window.window, qsTr("Import Profiles"), qsTr("Open"), homeFolder,
+                         jsonFilter)
     }
 
     // `confirmed`: the dialog that returned `chosen` has already asked about replacing it.
@@ -67,6 +71,20 @@ Item {
         return ProfileTransfer.importFrom(file)
     }
 
+    // The control the keyboard was on when a file dialog opened; it has the keyboard again
+    // when the dialog closes.
+    property Item focusBeforeDialog: null
+
+    function rememberFocus() {
+        view.focusBeforeDialog = view.Window.activeFocusItem
+    }
+
+    function dialogClosed() {
+        if (view.focusBeforeDialog)
+            view.focusBeforeDialog.forceActiveFocus(Qt.TabFocusReason)
+        view.focusBeforeDialog = null
+    }
+
     function resetAllSettings() {
         SettingsManager.reset()
     }
@@ -76,6 +94,7 @@ Item {
         // What the open request is for: "export" or "import".
         property string purpose
         onAccepted: file => {
+            view.dialogClosed()
             if (purpose === "export") {
                 // The desktop's chooser asks itself before it returns an existing file.
                 view.saveExport(file, true)
@@ -83,6 +102,7 @@ Item {
                 view.importProfiles(file)
             }
         }
+        onRejected: view.dialogClosed()
         onUnavailable: {
             const dialog = (purpose === "export" ? exportDialog : importDialog).createObject(view)
             dialog.open()
@@ -106,34 +126,42 @@ Item {
     Component {
         id: exportDialog
         FileDialog {
-            title: "Export Profiles"
+            title: qsTr("Export Profiles")
             fileMode: FileDialog.SaveFile
-            acceptLabel: "Save"
+            acceptLabel: qsTr("Save")
             nameFilters: [view.jsonFilter]
             currentFolder: view.homeFolder
             selectedFile: view.homeFolder + "/kivora-profiles.json"
             onAccepted: {
+                view.dialogClosed()
                 // Qt's dialog does not ask before returning an existing file.
                 view.saveExport(selectedFile, false)
                 destroy()
             }
-            onRejected: destroy()
+            onRejected: {
+                view.dialogClosed()
+                destroy()
+            }
         }
     }
 
     Component {
         id: importDialog
         FileDialog {
-            title: "Import Profiles"
+            title: qsTr("Import Profiles")
             fileMode: FileDialog.OpenFile
-            acceptLabel: "Open"
+            acceptLabel: qsTr("Open")
             nameFilters: [view.jsonFilter]
             currentFolder: view.homeFolder
             onAccepted: {
                 view.importProfiles(selectedFile)
+                view.dialogClosed()
                 destroy()
             }
-            onRejected: destroy()
+            onRejected: {
+                view.dialogClosed()
+                destroy()
+            }
         }
     }
 
@@ -182,6 +210,8 @@ Item {
                 Layout.margins: Theme.spacingL
                 visible: ProfileTransfer.error.length > 0
                 text: ProfileTransfer.error
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
                 font: Theme.subheadline
                 color: Theme.red
                 wrapMode: Text.Wrap

@@ -10,7 +10,7 @@ import Kivora
 Window {
     id: window
 
-    title: "Kivora Settings"
+    title: qsTr("Kivora Settings")
     width: 1100
     height: 650
     minimumWidth: 1100
@@ -18,6 +18,12 @@ Window {
     minimumHeight: 650
     maximumHeight: 650
     color: Theme.windowBackground
+
+    // Ctrl+W closes it, as it closes a window in the desktop's own applications.
+    Shortcut {
+        sequences: [StandardKey.Close]
+        onActivated: window.close()
+    }
 
     Loader {
         anchors.fill: parent

@@ -8,52 +8,52 @@ import Kivora
 // The "Sync" page of the settings window: profile sync to come. Profiles stay on this
 // machine, so the status rows are fixed.
 SettingsContainer {
-    title: "Sync"
-    subtitle: "Keep your profiles synchronized across devices"
+    title: qsTr("Sync")
+    subtitle: qsTr("Keep your profiles synchronized across devices")
     icon: "arrow.triangle.2.circlepath"
 
     SettingsSection {
-        title: "iCloud Sync"
+        title: qsTr("iCloud Sync")
 
         SettingsCard {
             FeatureRow {
                 objectName: "feature:iCloud Sync"
                 symbol: "icloud.fill"
                 tint: Theme.blue
-                title: "iCloud Sync"
-                description: "Sync profiles automatically across your Macs"
+                title: qsTr("iCloud Sync")
+                description: qsTr("Sync profiles automatically across your Macs")
                 comingSoon: true
             }
         }
     }
 
     SettingsSection {
-        title: "Current Status"
+        title: qsTr("Current Status")
 
         SettingsCard {
             ValueRow {
                 objectName: "syncStatusRow"
-                label: "Sync Status"
-                value: "Local Only"
+                label: qsTr("Sync Status")
+                value: qsTr("Local Only")
             }
             Divider { Layout.fillWidth: true }
             ValueRow {
                 objectName: "lastSyncRow"
-                label: "Last Sync"
-                value: "Never"
+                label: qsTr("Last Sync")
+                value: qsTr("Never")
             }
         }
     }
 
     SettingsSection {
-        title: "About"
+        title: qsTr("About")
 
         SettingsCard {
             ParagraphText {
-                text: "iCloud sync allows you to keep your profiles and settings synchronized across all your Macs signed into the same iCloud account."
+                text: qsTr("iCloud sync allows you to keep your profiles and settings synchronized across all your Macs signed into the same iCloud account.")
             }
             ParagraphText {
-                text: "This feature will be available in a future update."
+                text: qsTr("This feature will be available in a future update.")
                 secondary: true
             }
         }

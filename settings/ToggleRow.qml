@@ -47,6 +47,7 @@ RowLayout {
         Layout.alignment: Qt.AlignVCenter
         value: row.checked
         Accessible.name: row.title
+        Accessible.description: row.description
         onUserToggled: on => row.toggled(on)
     }
 }

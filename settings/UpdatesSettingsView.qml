@@ -12,9 +12,9 @@ SettingsContainer {
 
     // The check intervals offered, in seconds.
     readonly property var intervals: [
-        { text: "Daily", value: 86400 },
-        { text: "Weekly", value: 604800 },
-        { text: "Monthly", value: 2592000 }
+        { text: qsTr("Daily"), value: 86400 },
+        { text: qsTr("Weekly"), value: 604800 },
+        { text: qsTr("Monthly"), value: 2592000 }
     ]
     readonly property url sparkleUrl: "https://sparkle-project.org/"
 
@@ -25,8 +25,8 @@ SettingsContainer {
         Qt.openUrlExternally(address)
     }
 
-    title: "Updates"
-    subtitle: "Keep Kivora up to date"
+    title: qsTr("Updates")
+    subtitle: qsTr("Keep Kivora up to date")
     icon: "arrow.down.circle.fill"
 
     Timer {
@@ -37,13 +37,13 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Automatic Updates"
+        title: qsTr("Automatic Updates")
 
         SettingsCard {
             ToggleRow {
                 objectName: "automaticUpdatesRow"
-                title: "Automatic Updates"
-                description: "Automatically check for updates on app launch"
+                title: qsTr("Automatic Updates")
+                description: qsTr("Automatically check for updates on app launch")
                 checked: Updater.automaticallyChecksForUpdates
                 onToggled: value => Updater.automaticallyChecksForUpdates = value
             }
@@ -56,7 +56,7 @@ SettingsContainer {
 
                 Text {
                     Layout.fillWidth: true
-                    text: "Check Frequency"
+                    text: qsTr("Check Frequency")
                     font: Theme.body
                     color: Theme.primaryText
                 }
@@ -72,43 +72,43 @@ SettingsContainer {
     }
 
     SettingsSection {
-        title: "Check for Updates"
+        title: qsTr("Check for Updates")
 
         SettingsCard {
             ValueRow {
                 objectName: "currentVersionRow"
-                label: "Current Version"
+                label: qsTr("Current Version")
                 value: "1.0.0"
             }
 
             PushButton {
                 objectName: "checkNowButton"
-                text: "Check Now"
+                text: qsTr("Check Now")
                 onClicked: Updater.checkForUpdates()
             }
 
             ValueRow {
                 objectName: "lastCheckedRow"
                 visible: Updater.hasLastUpdateCheckDate
-                label: "Last Checked"
+                label: qsTr("Last Checked")
                 value: page.tick >= 0 && Updater.hasLastUpdateCheckDate
-                       ? RelativeTime.describe(Updater.lastUpdateCheckDate) + " ago"
+                       ? qsTr("%1 ago").arg(RelativeTime.describe(Updater.lastUpdateCheckDate))
                        : ""
             }
         }
     }
 
     SettingsSection {
-        title: "About Sparkle"
+        title: qsTr("About Sparkle")
 
         SettingsCard {
             ParagraphText {
-                text: "Kivora uses Sparkle for updates. Sparkle is an open-source update framework for macOS apps."
+                text: qsTr("Kivora uses Sparkle for updates. Sparkle is an open-source update framework for macOS apps.")
                 secondary: true
             }
             LinkRow {
                 objectName: "sparkleLink"
-                text: "Learn more about Sparkle"
+                text: qsTr("Learn more about Sparkle")
                 url: page.sparkleUrl
                 onClicked: page.openLink(url)
             }

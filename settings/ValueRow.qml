@@ -15,6 +15,9 @@ RowLayout {
 
     Layout.fillWidth: true
     spacing: Theme.spacingL
+    Accessible.role: Accessible.StaticText
+    Accessible.name: label
+    Accessible.description: value
 
     Text {
         Layout.fillWidth: true

@@ -5,6 +5,7 @@
 
 #include "updates/VersionComparator.h"
 
+#include <QCoreApplication>
 #include <QXmlStreamReader>
 
 namespace {
@@ -99,12 +100,12 @@ std::optional<QList<AppcastItem>> Appcast::parse(const QByteArray& document, con
         return std::nullopt;
     };
     if (document.trimmed().isEmpty()) {
-        return fail(QStringLiteral("The update feed is empty."));
+        return fail(QCoreApplication::translate("Appcast", "The update feed is empty."));
     }
 
     QXmlStreamReader xml(document);
     if (xml.readNextStartElement() && (xml.name() != u"rss" || !xml.namespaceUri().isEmpty())) {
-        return fail(QStringLiteral("The update feed is not an RSS feed."));
+        return fail(QCoreApplication::translate("Appcast", "The update feed is not an RSS feed."));
     }
     QList<AppcastItem> items;
     while (!xml.atEnd() && !xml.hasError()) {
@@ -117,7 +118,8 @@ std::optional<QList<AppcastItem>> Appcast::parse(const QByteArray& document, con
         }
     }
     if (xml.hasError()) {
-        return fail(QStringLiteral("The update feed is not valid XML: %1 (line %2, column %3).")
+        return fail(QCoreApplication::translate(
+                        "Appcast", "The update feed is not valid XML: %1 (line %2, column %3).")
                         .arg(xml.errorString())
                         .arg(xml.lineNumber())
                         .arg(xml.columnNumber()));

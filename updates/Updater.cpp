@@ -153,14 +153,14 @@ QUrl Updater::resolveFeedUrl(QString* problem) const
         address = m_defaultFeedUrl.trimmed();
     }
     if (address.isEmpty()) {
-        *problem = QStringLiteral("No update feed is configured.");
+        *problem = tr("No update feed is configured.");
         return {};
     }
     const QUrl url(address, QUrl::StrictMode);
     const QString scheme = url.scheme().toLower();
     const bool web = (scheme == u"http" || scheme == u"https") && !url.host().isEmpty();
     if (!url.isValid() || !(web || scheme == u"file")) {
-        *problem = QStringLiteral("The update feed address is not valid: %1").arg(address);
+        *problem = tr("The update feed address is not valid: %1").arg(address);
         return {};
     }
     return url;
@@ -280,24 +280,23 @@ void Updater::onReplyFinished()
     const bool redirectFailed = error == QNetworkReply::TooManyRedirectsError ||
                                 error == QNetworkReply::InsecureRedirectError;
     if (m_feedTooLarge) {
-        finishWithError(QStringLiteral("The update feed is too large."));
+        finishWithError(tr("The update feed is too large."));
     } else if (status.isValid() && !redirectFailed &&
                (status.toInt() < 200 || status.toInt() > 299)) {
-        finishWithError(QStringLiteral("The update feed answered HTTP %1.").arg(status.toInt()));
+        finishWithError(tr("The update feed answered HTTP %1.").arg(status.toInt()));
     } else if (error == QNetworkReply::OperationCanceledError) {
         // Nothing else cancels a transfer: it ran out of time.
-        finishWithError(QStringLiteral("The update feed did not answer within %1 seconds.")
+        finishWithError(tr("The update feed did not answer within %1 seconds.")
                             .arg((m_transferTimeout.count() + 999) / 1000));
     } else if (error != QNetworkReply::NoError) {
-        finishWithError(
-            QStringLiteral("Could not reach the update feed: %1").arg(reply->errorString()));
+        finishWithError(tr("Could not reach the update feed: %1").arg(reply->errorString()));
     } else {
         QString problem;
         const auto items = Appcast::parse(reply->readAll(), reply->url(), &problem);
         if (!items) {
             finishWithError(problem);
         } else if (items->isEmpty()) {
-            finishWithError(QStringLiteral("The update feed lists no releases."));
+            finishWithError(tr("The update feed lists no releases."));
         } else {
             finishWithUpdate(Appcast::newestUpdate(*items, m_currentVersion));
         }

@@ -16,13 +16,13 @@ SettingsSection {
     // The details appeared: the sheet scrolls the test button into view.
     signal detailsShown(Item item)
 
-    title: "AI Configuration (Optional)"
+    title: qsTr("AI Configuration (Optional)")
 
     SettingsCard {
         Toggle {
             objectName: "aiEnabledSwitch"
             Layout.fillWidth: true
-            text: "Enable AI Context"
+            text: qsTr("Enable AI Context")
             value: section.form.aiEnabled
             onUserToggled: on => {
                 section.form.aiEnabled = on
@@ -39,9 +39,10 @@ SettingsSection {
             spacing: Theme.spacingL
 
             FormRow {
-                label: "Provider"
+                label: qsTr("Provider")
                 Picker {
                     objectName: "providerPicker"
+                    label: qsTr("Provider")
                     Layout.fillWidth: true
                     choices: section.form.providerNames
                     value: section.form.providerName
@@ -50,9 +51,10 @@ SettingsSection {
                 }
             }
             FormRow {
-                label: "Model"
+                label: qsTr("Model")
                 Picker {
                     objectName: "modelPicker"
+                    label: qsTr("Model")
                     Layout.fillWidth: true
                     choices: section.form.models
                     value: section.form.model
@@ -63,9 +65,10 @@ SettingsSection {
             FormRow {
                 objectName: "apiKeyRow"
                 visible: section.form.showsAPIKey
-                label: "API Key"
+                label: qsTr("API Key")
                 TextInputField {
                     objectName: "apiKeyField"
+                    label: qsTr("API Key")
                     Layout.fillWidth: true
                     secure: true
                     text: section.form.apiKey
@@ -75,9 +78,10 @@ SettingsSection {
             FormRow {
                 objectName: "baseURLRow"
                 visible: section.form.showsBaseURL
-                label: "Base URL"
+                label: qsTr("Base URL")
                 TextInputField {
                     objectName: "baseURLField"
+                    label: qsTr("Base URL")
                     Layout.fillWidth: true
                     text: section.form.baseURL
                     onTextEdited: section.form.baseURL = text
@@ -100,7 +104,7 @@ SettingsSection {
                 PushButton {
                     id: testButton
                     objectName: "testConnectionButton"
-                    text: "Test Connection"
+                    text: qsTr("Test Connection")
                     busy: section.form.testingConnection
                     onClicked: section.form.testConnection()
                 }
@@ -121,6 +125,10 @@ SettingsSection {
                         Layout.fillWidth: true
                         text: section.form.connectionStatus !== null
                               ? section.form.connectionStatus : ""
+                        // The verdict is said when it arrives.
+                        Accessible.role: Accessible.StatusBar
+                        Accessible.name: (section.form.connectionSuccess ? qsTr("Succeeded") : qsTr("Failed"))
+                                         + ": " + text
                         font: Theme.subheadline
                         color: Theme.secondaryText
                         wrapMode: Text.Wrap

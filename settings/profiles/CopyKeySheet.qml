@@ -12,6 +12,9 @@ Rectangle {
 
     readonly property url keySettingsPage: "https://github.com/settings/keys"
 
+    // The button Return presses.
+    readonly property Item defaultButton: doneButton
+
     signal done()
 
     function openKeySettings() {
@@ -38,15 +41,19 @@ Rectangle {
         }
         Text {
             objectName: "sheetTitle"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.alignment: Qt.AlignHCenter
-            text: "SSH Key Generated!"
+            text: qsTr("SSH Key Generated!")
             font: Theme.headline
             color: Theme.primaryText
         }
         Text {
             objectName: "copiedText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             Layout.alignment: Qt.AlignHCenter
-            text: "Your public key has been copied to clipboard."
+            text: qsTr("Your public key has been copied to clipboard.")
             font: Theme.subheadline
             color: Theme.secondaryText
         }
@@ -70,8 +77,10 @@ Rectangle {
 
                 Text {
                     objectName: "instructionText"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     Layout.fillWidth: true
-                    text: "Paste your key in GitHub Settings → SSH and GPG keys → New SSH key"
+                    text: qsTr("Paste your key in GitHub Settings → SSH and GPG keys → New SSH key")
                     font: Theme.subheadline
                     color: Theme.primaryText
                     horizontalAlignment: Text.AlignHCenter
@@ -80,7 +89,7 @@ Rectangle {
                 PushButton {
                     objectName: "openKeySettingsButton"
                     Layout.alignment: Qt.AlignHCenter
-                    text: "Open GitHub SSH Keys"
+                    text: qsTr("Open GitHub SSH Keys")
                     symbol: "arrow.up.forward.square"
                     onClicked: sheet.openKeySettings()
                 }
@@ -88,10 +97,11 @@ Rectangle {
         }
 
         PushButton {
+            id: doneButton
             objectName: "doneButton"
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: Theme.spacingXS
-            text: "Done"
+            text: qsTr("Done")
             prominent: true
             onClicked: sheet.done()
         }

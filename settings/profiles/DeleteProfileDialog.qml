@@ -8,7 +8,8 @@ import QtQuick.Layouts
 import Kivora
 
 // The confirmation before a profile is deleted, modal over the window. A profile without a key
-// offers "Delete" and "Cancel"; one with a key also offers to delete the key files.
+// offers "Delete" and "Cancel"; one with a key also offers to delete the key files. It opens
+// with the keyboard focus on its first button, which Return presses; Escape cancels.
 Popup {
     id: dialog
 
@@ -22,9 +23,9 @@ Popup {
     signal deleteChosen(bool deleteSSHKey)
 
     readonly property string message: hasKey
-        ? "This profile has an SSH key associated with it. Would you also like to delete the SSH key file?"
-          + (sharedWith.length > 0 ? " The same key is also used by " + sharedWith + "." : "")
-        : "Are you sure you want to delete \"" + profileName + "\"? This action cannot be undone."
+        ? qsTr("This profile has an SSH key associated with it. Would you also like to delete the SSH key file?")
+          + (sharedWith.length > 0 ? " " + qsTr("The same key is also used by %1.").arg(sharedWith) : "")
+        : qsTr("Are you sure you want to delete \"%1\"? This action cannot be undone.").arg(profileName)
 
     function choose(deleteSSHKey: bool) {
         dialog.close()
@@ -41,6 +42,26 @@ Popup {
     topPadding: Theme.spacingSection + Theme.spacingXXS
     closePolicy: Popup.CloseOnEscape
 
+    // The first button takes the focus as the keyboard would give it, so its ring shows.
+    onOpened: {
+        const wanted = dialog.hasKey ? "deleteProfileOnlyButton" : "deleteButton"
+        const visit = item => {
+            const children = item.children
+            for (let i = 0; i < children.length; ++i) {
+                const child = children[i]
+                if (child.objectName === wanted)
+                    return child
+                const found = visit(child)
+                if (found)
+                    return found
+            }
+            return null
+        }
+        const button = visit(dialog.contentItem)
+        if (button)
+            button.forceActiveFocus(Qt.TabFocusReason)
+    }
+
     T.Overlay.modal: Rectangle {
         color: Qt.rgba(0, 0, 0, Theme.dark ? 0.45 : 0.22)
     }
@@ -54,6 +75,9 @@ Popup {
 
     contentItem: ColumnLayout {
         spacing: Theme.spacingM
+        Accessible.role: Accessible.Dialog
+        Accessible.name: qsTr("Delete Profile")
+        Accessible.description: dialog.message
 
         SymbolIcon {
             Layout.alignment: Qt.AlignHCenter
@@ -65,7 +89,7 @@ Popup {
             objectName: "dialogTitle"
             Layout.fillWidth: true
             Layout.topMargin: Theme.spacingXS
-            text: "Delete Profile"
+            text: qsTr("Delete Profile")
             font: Theme.headline
             color: Theme.primaryText
             horizontalAlignment: Text.AlignHCenter
@@ -90,7 +114,7 @@ Popup {
                 objectName: "deleteButton"
                 visible: !dialog.hasKey
                 Layout.fillWidth: true
-                text: "Delete"
+                text: qsTr("Delete")
                 destructive: true
                 onClicked: dialog.choose(false)
             }
@@ -98,21 +122,21 @@ Popup {
                 objectName: "deleteProfileOnlyButton"
                 visible: dialog.hasKey
                 Layout.fillWidth: true
-                text: "Delete Profile Only"
+                text: qsTr("Delete Profile Only")
                 onClicked: dialog.choose(false)
             }
             PushButton {
                 objectName: "deleteProfileAndKeyButton"
                 visible: dialog.hasKey
                 Layout.fillWidth: true
-                text: "Delete Profile and SSH Key"
+                text: qsTr("Delete Profile and SSH Key")
                 destructive: true
                 onClicked: dialog.choose(true)
             }
             PushButton {
                 objectName: "cancelButton"
                 Layout.fillWidth: true
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: dialog.close()
             }
         }

@@ -13,6 +13,8 @@ Rectangle {
     id: sheet
 
     required property ProfileEditor form
+    // The button Return presses.
+    readonly property Item defaultButton: generateButton
 
     function generate() {
         if (sheet.form.generateSSHKey()) {
@@ -40,7 +42,9 @@ Rectangle {
 
         Text {
             objectName: "sheetTitle"
-            text: "Generate SSH Key"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            text: qsTr("Generate SSH Key")
             font: Theme.headline
             color: Theme.primaryText
         }
@@ -49,7 +53,7 @@ Rectangle {
             id: fileNameField
             objectName: "keyFilenameField"
             Layout.fillWidth: true
-            placeholderText: "Filename (leave blank for id_ed25519)"
+            placeholderText: qsTr("Filename (leave blank for id_ed25519)")
             text: sheet.form.keyFilename
             onTextEdited: sheet.form.keyFilename = text
         }
@@ -57,7 +61,7 @@ Rectangle {
         Toggle {
             objectName: "passphraseSwitch"
             Layout.fillWidth: true
-            text: "Protect with passphrase"
+            text: qsTr("Protect with passphrase")
             value: sheet.form.usePassphrase
             onUserToggled: on => sheet.form.usePassphrase = on
         }
@@ -67,7 +71,7 @@ Rectangle {
             visible: sheet.form.usePassphrase
             Layout.fillWidth: true
             secure: true
-            placeholderText: "Passphrase"
+            placeholderText: qsTr("Passphrase")
             text: sheet.form.passphrase
             onTextEdited: sheet.form.passphrase = text
         }
@@ -77,6 +81,8 @@ Rectangle {
             Layout.fillWidth: true
             visible: sheet.form.generationError.length > 0
             text: sheet.form.generationError
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
             font: Theme.subheadline
             color: Theme.red
             wrapMode: Text.Wrap
@@ -89,12 +95,13 @@ Rectangle {
             Item { Layout.fillWidth: true }
             PushButton {
                 objectName: "cancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: sheet.cancel()
             }
             PushButton {
+                id: generateButton
                 objectName: "generateButton"
-                text: "Generate"
+                text: qsTr("Generate")
                 prominent: true
                 onClicked: sheet.generate()
             }

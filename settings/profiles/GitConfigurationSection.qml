@@ -11,22 +11,24 @@ SettingsSection {
 
     required property ProfileEditor form
 
-    title: "Git Configuration"
+    title: qsTr("Git Configuration")
 
     SettingsCard {
         FormRow {
-            label: "Git Name"
+            label: qsTr("Git Name")
             TextInputField {
                 objectName: "gitNameField"
+                label: qsTr("Git Name")
                 Layout.fillWidth: true
                 text: section.form.gitName
                 onTextEdited: section.form.gitName = text
             }
         }
         FormRow {
-            label: "Git Email"
+            label: qsTr("Git Email")
             TextInputField {
                 objectName: "gitEmailField"
+                label: qsTr("Git Email")
                 Layout.fillWidth: true
                 text: section.form.gitEmail
                 onTextEdited: section.form.gitEmail = text

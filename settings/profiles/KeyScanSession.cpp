@@ -89,7 +89,5 @@ QVariantList KeyScanSession::profiles() const
 QString KeyScanSession::createdText() const
 {
     const qsizetype count = m_entries.size();
-    return QStringLiteral("%1 profile%2 created")
-        .arg(count)
-        .arg(count == 1 ? QString() : QStringLiteral("s"));
+    return tr("%n profile(s) created", nullptr, int(count));
 }

@@ -24,11 +24,13 @@ QtObject {
     readonly property Instantiator generateInstance: Instantiator {
         active: sheets.form.showGenerateKeySheet
         delegate: SheetWindow {
-            title: "Generate SSH Key"
+            title: qsTr("Generate SSH Key")
             owner: sheets.owner
+            defaultButton: generateSheet.defaultButton
             onDismissRequested: sheets.form.showGenerateKeySheet = false
 
             GenerateKeySheet {
+                id: generateSheet
                 objectName: "generateKeySheet"
                 form: sheets.form
             }
@@ -38,11 +40,13 @@ QtObject {
     readonly property Instantiator copyInstance: Instantiator {
         active: sheets.form.showCopyKeySheet
         delegate: SheetWindow {
-            title: "SSH Key Generated"
+            title: qsTr("SSH Key Generated")
             owner: sheets.owner
+            defaultButton: copySheet.defaultButton
             onDismissRequested: sheets.form.showCopyKeySheet = false
 
             CopyKeySheet {
+                id: copySheet
                 objectName: "copyKeySheet"
                 onDone: sheets.form.showCopyKeySheet = false
             }

@@ -57,7 +57,8 @@ QString ProfileActions::keySharedWith(const GitProfile& profile) const
         return names.value(0);
     }
     const QString last = names.takeLast();
-    return names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
+    //: Joins names: "A, B" and "C".
+    return tr("%1 and %2").arg(names.join(QStringLiteral(", ")), last);
 }
 
 bool ProfileActions::addProfile(const GitProfile& profile)

@@ -97,8 +97,7 @@ void ProfileEditor::loadSections()
 
 QString ProfileEditor::title() const
 {
-    return m_profile.name.isEmpty() ? QStringLiteral("New Profile")
-                                    : QStringLiteral("Edit Profile");
+    return m_profile.name.isEmpty() ? tr("New Profile") : tr("Edit Profile");
 }
 
 void ProfileEditor::setName(const QString& name)
@@ -246,7 +245,7 @@ void ProfileEditor::testConnection()
         }
     };
     if (!m_aiContext) {
-        deliver(false, QStringLiteral("The connection cannot be tested here."));
+        deliver(false, tr("The connection cannot be tested here."));
         return;
     }
     m_aiContext->testConnection(composedProfile().aiConfig, deliver);
@@ -291,8 +290,7 @@ bool ProfileEditor::generateSSHKey()
     request.passphrase = m_passphrase;
     const SSHKeyGenerator::Result result = SSHKeyGenerator::generate(request, home());
     if (result.outcome != SSHKeyGenerator::Outcome::Created) {
-        m_generationError =
-            Sentence::of(QStringLiteral("the key could not be generated: ") + result.error);
+        m_generationError = Sentence::of(tr("the key could not be generated: ") + result.error);
         emit generationChanged();
         return false;
     }

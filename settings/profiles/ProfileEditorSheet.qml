@@ -24,6 +24,9 @@ Rectangle {
     signal saved(var profile)
     signal dismissed()
 
+    // The button Return presses.
+    readonly property Item defaultButton: saveButton
+
     // The key sheets shown on top of this one (null when closed).
     readonly property Item generateKeySheet: keySheets.generateKeySheet
     readonly property Item copyKeySheet: keySheets.copyKeySheet
@@ -128,7 +131,7 @@ Rectangle {
             Item { Layout.fillWidth: true }
             PlainButton {
                 objectName: "cancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 textFont: Theme.body
                 foreground: Theme.accent
                 onClicked: editor.cancel()
@@ -155,13 +158,14 @@ Rectangle {
                 spacing: Theme.spacingXL + Theme.spacingXS
 
                 SettingsSection {
-                    title: "Profile Name"
+                    title: qsTr("Profile Name")
                     SettingsCard {
                         TextInputField {
                             id: nameField
                             objectName: "nameField"
                             Layout.fillWidth: true
-                            placeholderText: "e.g., Personal, Work, Freelance"
+                            placeholderText: qsTr("e.g., Personal, Work, Freelance")
+                            label: qsTr("Profile Name")
                             text: editorForm.name
                             onTextEdited: editorForm.name = text
                         }
@@ -212,6 +216,8 @@ Rectangle {
                 Layout.fillWidth: true
                 visible: editorForm.saveError.length > 0
                 text: editorForm.saveError
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
                 font: Theme.subheadline
                 color: Theme.red
                 wrapMode: Text.Wrap
@@ -221,8 +227,9 @@ Rectangle {
                 Layout.fillWidth: true
             }
             PushButton {
+                id: saveButton
                 objectName: "saveButton"
-                text: "Save"
+                text: qsTr("Save")
                 prominent: true
                 enabled: editorForm.isValid
                 onClicked: editor.save()

@@ -111,8 +111,7 @@ QString ProfileRuleList::summary() const
     for (const QVariant& rule : rules()) {
         parts << rule.toMap().value(QStringLiteral("shown")).toString();
     }
-    return parts.isEmpty() ? QString()
-                           : QStringLiteral("Used in ") + parts.join(QStringLiteral(", "));
+    return parts.isEmpty() ? QString() : tr("Used in %1").arg(parts.join(QStringLiteral(", ")));
 }
 
 void ProfileRuleList::setErrorText(const QString& text)
@@ -144,7 +143,7 @@ bool ProfileRuleList::addFolderPath(const QString& path)
 {
     const QString dir = RuleSync::normalizedDir(path.trimmed(), QDir::homePath());
     if (dir.isEmpty() || !QFileInfo(dir).isAbsolute()) {
-        setErrorText(QStringLiteral("Choose a folder."));
+        setErrorText(tr("Choose a folder."));
         return false;
     }
     return add({QUuid::fromString(m_profileId), IdentityRule::Kind::Dir, dir});
@@ -154,7 +153,7 @@ bool ProfileRuleList::addRemote(const QString& pattern)
 {
     const QString text = pattern.trimmed();
     if (text.isEmpty() || text.contains(u'\n') || text.contains(u'\r')) {
-        setErrorText(QStringLiteral("Type a remote URL pattern, e.g. git@github.com:acme/**."));
+        setErrorText(tr("Type a remote URL pattern, e.g. git@github.com:acme/**."));
         return false;
     }
     return add({QUuid::fromString(m_profileId), IdentityRule::Kind::Remote, text});
@@ -199,11 +198,11 @@ bool ProfileRuleList::commit()
         return true;
     }
     if (!m_manager) {
-        setErrorText(QStringLiteral("The rules could not be saved: no profile list."));
+        setErrorText(tr("The rules could not be saved: no profile list."));
         return false;
     }
     if (!sync.apply(all, m_manager->profiles(), &error)) {
-        setErrorText(QStringLiteral("The rules could not be saved: %1.").arg(error));
+        setErrorText(tr("The rules could not be saved: %1.").arg(error));
         return false;
     }
     m_added.clear();

@@ -16,9 +16,8 @@ SettingsSection {
     required property ProfileRuleList ruleList
     property string remoteText: ""
 
-    title: "Used Automatically In"
-    description: "Repositories in these folders, or with a remote matching these patterns, "
-                 + "use this profile. Later rules win."
+    title: qsTr("Used Automatically In")
+    description: qsTr("Repositories in these folders, or with a remote matching these patterns, use this profile. Later rules win.")
 
     function addRemote() {
         if (section.ruleList.addRemote(section.remoteText)) {
@@ -35,7 +34,7 @@ SettingsSection {
     Component {
         id: folderDialog
         FolderDialog {
-            title: "Choose a Folder"
+            title: qsTr("Choose a Folder")
             currentFolder: StandardPaths.writableLocation(StandardPaths.HomeLocation)
             onAccepted: {
                 section.ruleList.addFolder(selectedFolder)
@@ -48,9 +47,11 @@ SettingsSection {
     SettingsCard {
         Text {
             objectName: "noRulesText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             visible: section.ruleList.rules.length === 0
             Layout.fillWidth: true
-            text: "Only when it is the active profile."
+            text: qsTr("Only when it is the active profile.")
             font: Theme.subheadline
             color: Theme.secondaryText
         }
@@ -85,7 +86,8 @@ SettingsSection {
                     foreground: Theme.red
                     fill: Theme.faded(Theme.red, 0.12)
                     fillOpacity: 0.6
-                    tooltip: "Remove"
+                    tooltip: qsTr("Remove")
+                    Accessible.description: ruleRow.modelData.shown
                     onClicked: section.ruleList.removeAt(ruleRow.index)
                 }
             }
@@ -97,14 +99,15 @@ SettingsSection {
             TextInputField {
                 objectName: "remotePatternField"
                 Layout.fillWidth: true
-                placeholderText: "e.g., git@github.com:acme/**"
+                placeholderText: qsTr("e.g., git@github.com:acme/**")
+                label: qsTr("Remote pattern")
                 text: section.remoteText
                 onTextEdited: section.remoteText = text
                 onAccepted: section.addRemote()
             }
             PushButton {
                 objectName: "addRemoteButton"
-                text: "Add Remote"
+                text: qsTr("Add Remote")
                 symbol: "globe"
                 enabled: section.remoteText.trim().length > 0
                 onClicked: section.addRemote()
@@ -116,7 +119,7 @@ SettingsSection {
             spacing: Theme.spacingM
             PushButton {
                 objectName: "addFolderButton"
-                text: "Add Folder…"
+                text: qsTr("Add Folder…")
                 symbol: "folder"
                 onClicked: section.chooseFolder()
             }

@@ -22,7 +22,7 @@ SettingsContainer {
     property string keyDeletionMessage
 
     readonly property int profileCount: Profiles.count
-    readonly property string countText: profileCount + " profile" + (profileCount === 1 ? "" : "s")
+    readonly property string countText: qsTr("%n profile(s)", "", profileCount)
 
     // The open sheets, for whoever needs to reach them (null when closed).
     readonly property Item editorSheet: editorInstance.object
@@ -30,8 +30,8 @@ SettingsContainer {
     readonly property Item scanSheet: scanInstance.object
                                       ? (scanInstance.object as SheetWindow).sheet : null
 
-    title: "Profiles"
-    subtitle: "Manage your git identities"
+    title: qsTr("Profiles")
+    subtitle: qsTr("Manage your git identities")
     icon: "person.2.fill"
 
     function activate(profile: var) {
@@ -40,6 +40,20 @@ SettingsContainer {
 
     function deleteProfile(profile: var, deleteSSHKey: bool) {
         page.keyDeletionMessage = ProfileActions.deleteProfile(profile, deleteSSHKey)
+        // The deleted row had the focus: the keyboard goes on from the active profile's row,
+        // or from "Add Profile" when no profile is left.
+        refocus.restart()
+    }
+
+    Timer {
+        id: refocus
+        interval: 0
+        onTriggered: page.focusList()
+    }
+
+    function focusList() {
+        if (!rowNavigator.focusPreferred())
+            addButton.forceActiveFocus(Qt.TabFocusReason)
     }
 
     // What the editor returns: a new profile is appended as it is, an edited one replaces the
@@ -69,6 +83,7 @@ SettingsContainer {
         delegate: SheetWindow {
             title: editor.title
             owner: page.Window.window
+            defaultButton: editor.defaultButton
             onDismissRequested: page.closeEditor()
 
             ProfileEditorSheet {
@@ -85,8 +100,9 @@ SettingsContainer {
         id: scanInstance
         active: page.showScanSheet
         delegate: SheetWindow {
-            title: "Scan SSH Keys"
+            title: qsTr("Scan SSH Keys")
             owner: page.Window.window
+            defaultButton: keyScanSheet.defaultButton
             // Escape or the window's close button: what that means depends on the step.
             onDismissRequested: keyScanSheet.cancel()
 
@@ -112,12 +128,14 @@ SettingsContainer {
             ColumnLayout {
                 spacing: Theme.spacingXXS
                 Text {
-                    text: "Your Profiles"
+                    text: qsTr("Your Profiles")
                     font: Theme.headline
                     color: Theme.primaryText
                 }
                 Text {
                     objectName: "countText"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     text: page.countText
                     font: Theme.subheadline
                     color: Theme.secondaryText
@@ -128,13 +146,14 @@ SettingsContainer {
 
             PushButton {
                 objectName: "scanButton"
-                text: "Scan SSH Keys"
+                text: qsTr("Scan SSH Keys")
                 symbol: "magnifyingglass"
                 onClicked: page.showScanSheet = true
             }
             PushButton {
+                id: addButton
                 objectName: "addButton"
-                text: "Add Profile"
+                text: qsTr("Add Profile")
                 symbol: "plus"
                 onClicked: page.isAddingProfile = true
             }
@@ -145,6 +164,8 @@ SettingsContainer {
             Layout.fillWidth: true
             visible: ProfileActions.error.length > 0
             text: ProfileActions.error
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
             font: Theme.subheadline
             color: Theme.red
             wrapMode: Text.WordWrap
@@ -155,6 +176,8 @@ SettingsContainer {
             Layout.fillWidth: true
             visible: page.keyDeletionMessage.length > 0
             text: page.keyDeletionMessage
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
             font: Theme.subheadline
             color: Theme.red
             wrapMode: Text.WordWrap
@@ -178,22 +201,29 @@ SettingsContainer {
             Text {
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
-                text: "No profiles yet"
+                text: qsTr("No profiles yet")
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
-                text: "Add your first profile to get started"
+                text: qsTr("Add your first profile to get started")
                 font: Theme.subheadline
                 color: Theme.secondaryText
             }
         }
 
+        RowNavigator {
+            id: rowNavigator
+            root: profileList
+        }
+
         Column {
             id: profileList
             objectName: "profileList"
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Your Profiles")
             visible: page.profileCount > 0
             Layout.fillWidth: true
             spacing: Theme.spacingM
@@ -206,6 +236,7 @@ SettingsContainer {
                     required profile
 
                     objectName: "profileRow:" + index
+                    navigator: rowNavigator
                     width: profileList.width
                     // Read again whenever the list changes: another profile may take the key.
                     keySharedWith: {

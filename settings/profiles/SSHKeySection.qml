@@ -12,7 +12,7 @@ SettingsSection {
 
     required property ProfileEditor form
 
-    title: "SSH Key (Optional)"
+    title: qsTr("SSH Key (Optional)")
 
     SettingsCard {
         RowLayout {
@@ -21,13 +21,14 @@ SettingsSection {
             TextInputField {
                 objectName: "sshKeyPathField"
                 Layout.fillWidth: true
-                placeholderText: "e.g., ~/.ssh/id_ed25519"
+                placeholderText: qsTr("e.g., ~/.ssh/id_ed25519")
+                label: qsTr("SSH Key Path")
                 text: section.form.sshKeyPath
                 onTextEdited: section.form.sshKeyPath = text
             }
             PushButton {
                 objectName: "generateButton"
-                text: "Generate"
+                text: qsTr("Generate")
                 symbol: "key.fill"
                 onClicked: section.form.showGenerateKeySheet = true
             }

@@ -12,6 +12,9 @@ Rectangle {
     id: sheet
 
     readonly property KeyScanSession session: keyScan
+    // The button Return presses: Add while keys are asked about, Done at the end.
+    readonly property Item defaultButton: keyScan.isComplete ? doneButton
+                                                             : keyScan.isAsking ? addButton : null
 
     // The collected entries, each a scannedKey.
     signal scanned(var entries)
@@ -71,9 +74,11 @@ Rectangle {
         }
         Text {
             objectName: "scanningText"
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             visible: keyScan.isScanning
             Layout.alignment: Qt.AlignHCenter
-            text: "Scanning ~/.ssh folder..."
+            text: qsTr("Scanning ~/.ssh folder...")
             font: Theme.subheadline
             color: Theme.secondaryText
         }
@@ -86,14 +91,18 @@ Rectangle {
             spacing: Theme.spacingXS
             Text {
                 objectName: "stepText"
-                text: "SSH Key " + (keyScan.currentIndex + 1) + " of " + keyScan.keys.length
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+                text: qsTr("SSH Key %1 of %2").arg(keyScan.currentIndex + 1).arg(keyScan.keys.length)
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 objectName: "keyText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 Layout.fillWidth: true
-                text: "Key: " + keyScan.currentKey
+                text: qsTr("Key: %1").arg(keyScan.currentKey)
                 font: Theme.subheadline
                 color: Theme.secondaryText
                 elide: Text.ElideMiddle
@@ -107,14 +116,14 @@ Rectangle {
                 id: gitNameField
                 objectName: "gitNameField"
                 Layout.fillWidth: true
-                placeholderText: "Git Name"
+                placeholderText: qsTr("Git Name")
                 text: keyScan.gitName
                 onTextEdited: keyScan.gitName = text
             }
             TextInputField {
                 objectName: "gitEmailField"
                 Layout.fillWidth: true
-                placeholderText: "Git Email"
+                placeholderText: qsTr("Git Email")
                 text: keyScan.gitEmail
                 onTextEdited: keyScan.gitEmail = text
             }
@@ -125,18 +134,19 @@ Rectangle {
             spacing: Theme.spacingM
             PushButton {
                 objectName: "cancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: sheet.dismissed()
             }
             Item { Layout.fillWidth: true }
             PushButton {
                 objectName: "skipButton"
-                text: "Skip"
+                text: qsTr("Skip")
                 onClicked: keyScan.nextKey()
             }
             PushButton {
+                id: addButton
                 objectName: "addButton"
-                text: "Add"
+                text: qsTr("Add")
                 prominent: true
                 onClicked: keyScan.addCurrentKey()
             }
@@ -158,12 +168,14 @@ Rectangle {
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacingXS
                 horizontalAlignment: Text.AlignHCenter
-                text: "Import Complete"
+                text: qsTr("Import Complete")
                 font: Theme.headline
                 color: Theme.primaryText
             }
             Text {
                 objectName: "createdText"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
                 text: keyScan.createdText
@@ -171,10 +183,11 @@ Rectangle {
                 color: Theme.secondaryText
             }
             PushButton {
+                id: doneButton
                 objectName: "doneButton"
                 Layout.alignment: Qt.AlignHCenter
                 Layout.topMargin: Theme.spacingL
-                text: "Done"
+                text: qsTr("Done")
                 prominent: true
                 onClicked: sheet.done()
             }

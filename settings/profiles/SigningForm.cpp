@@ -84,11 +84,11 @@ void SigningForm::load(const QString& profileId)
 QString SigningForm::problem() const
 {
     if (m_key.isEmpty()) {
-        return m_signCommits ? QStringLiteral("Choose a signing key to sign commits.") : QString();
+        return m_signCommits ? tr("Choose a signing key to sign commits.") : QString();
     }
     if (SigningSettings::formatOf(m_key) == SigningSettings::Format::ssh &&
         m_manager.commitSigning().publicKey(m_key).isEmpty()) {
-        return QStringLiteral("%1 is not a readable SSH public key.").arg(m_key);
+        return tr("%1 is not a readable SSH public key.").arg(m_key);
     }
     return {};
 }
@@ -97,7 +97,7 @@ bool SigningForm::save(const QString& profileId)
 {
     const auto id = ProfileCodec::parseUuid(profileId);
     if (!id) {
-        setError(QStringLiteral("The profile could not be found."));
+        setError(tr("The profile could not be found."));
         return false;
     }
     if (const QString why = problem(); !why.isEmpty()) {

@@ -18,15 +18,16 @@ SettingsSection {
 
     readonly property var choices: form.keyChoices(section.sshKeyPath)
 
-    title: "Commit Signing (Optional)"
+    title: qsTr("Commit Signing (Optional)")
 
     SettingsCard {
         FormRow {
-            label: "Signing Key"
+            label: qsTr("Signing Key")
             TextInputField {
                 objectName: "signingKeyField"
+                label: qsTr("Signing Key")
                 Layout.fillWidth: true
-                placeholderText: "e.g., ~/.ssh/id_ed25519.pub or a GPG key ID"
+                placeholderText: qsTr("e.g., ~/.ssh/id_ed25519.pub or a GPG key ID")
                 text: section.form.key
                 onTextEdited: section.form.key = text
             }
@@ -35,7 +36,8 @@ SettingsSection {
                 visible: section.choices.length > 0
                 Layout.preferredWidth: Theme.signingPickerWidth
                 choices: section.choices
-                fallbackText: "Choose…"
+                fallbackText: qsTr("Choose…")
+                label: qsTr("Signing key choices")
                 onPicked: key => {
                     section.form.key = key
                     if (!section.form.signCommits) {
@@ -48,7 +50,7 @@ SettingsSection {
         Toggle {
             objectName: "signCommitsSwitch"
             Layout.fillWidth: true
-            text: "Sign Commits and Tags"
+            text: qsTr("Sign Commits and Tags")
             value: section.form.signCommits
             onUserToggled: on => section.form.signCommits = on
         }
@@ -61,8 +63,8 @@ SettingsSection {
             visible: text.length > 0
             text: issue.length > 0 ? issue
                   : section.form.key.length === 0 ? ""
-                  : section.form.format === "ssh" ? "Signed with the SSH key; git verifies it through Kivora's allowed signers."
-                  : "Signed with the OpenPGP key through gpg."
+                  : section.form.format === "ssh" ? qsTr("Signed with the SSH key; git verifies it through Kivora's allowed signers.")
+                  : qsTr("Signed with the OpenPGP key through gpg.")
             font: Theme.caption
             color: issue.length > 0 ? Theme.red : Theme.secondaryText
             wrapMode: Text.Wrap

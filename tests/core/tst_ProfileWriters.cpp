@@ -5,6 +5,7 @@
 #include "ai/AIContextManager.h"
 #include "model/ProfileCodec.h"
 #include "model/ProfileLock.h"
+#include "model/Translations.h"
 #include "support/TestHome.h"
 
 #include <QElapsedTimer>
@@ -74,6 +75,9 @@ class tst_ProfileWriters : public QObject {
 private slots:
     void initTestCase()
     {
+        // The plural forms of the sentences come from the English translation, as in the
+        // program.
+        QVERIFY(Translations::install().contains(QStringLiteral("en")));
         if (!QFileInfo(QStringLiteral("/usr/bin/flock")).isExecutable()) {
             QSKIP("needs flock (util-linux) to hold the lock from another process");
         }

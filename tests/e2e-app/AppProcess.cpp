@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #include "AppProcess.h"
 
 #include <QDebug>

@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #include "XSession.h"
 
 #include <QElapsedTimer>
@@ -193,6 +190,20 @@ QRect XSession::geometry(const QString& window) const
         }
     }
     return QRect(x, y, width, height);
+}
+
+QRect XSession::trayIconArea(const QString& className) const
+{
+    const QString ids = run(QStringLiteral("xdotool"),
+                            {QStringLiteral("search"), QStringLiteral("--classname"), className});
+    constexpr int largestIcon = 64;
+    for (const QString& id : ids.split(u'\n', Qt::SkipEmptyParts)) {
+        const QRect area = geometry(id);
+        if (!area.isEmpty() && area.width() <= largestIcon && area.height() <= largestIcon) {
+            return area;
+        }
+    }
+    return {};
 }
 
 QImage XSession::captureScreen() const

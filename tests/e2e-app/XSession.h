@@ -1,6 +1,3 @@
-// SPDX-FileCopyrightText: 2026 The Kivora developers
-// SPDX-License-Identifier: GPL-3.0-or-later
-
 #pragma once
 
 #include <QImage>
@@ -36,11 +33,15 @@ public:
     // Runs a helper on the display and returns its trimmed standard output.
     QString run(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
                 int timeoutMs = 10000) const;
-    void click(int x, int y, int button = 1) const;
+    static constexpr int leftButton = 1;
+    void click(int x, int y, int button = leftButton) const;
     void move(int x, int y) const;
     // The first visible window whose name matches the pattern, waiting for it.
     std::optional<QString> waitForWindow(const QString& namePattern, int timeoutMs) const;
     QRect geometry(const QString& window) const;
+    // Where the XEmbed status area shows the icon of the application with this X class
+    // name: the small window the application embeds there. Empty when there is none.
+    QRect trayIconArea(const QString& className) const;
     QImage capture(const QRect& area) const;
     QImage captureScreen() const;
 

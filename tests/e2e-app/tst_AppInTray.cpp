@@ -1,141 +1,56 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "AppProcess.h"
-#include "XSession.h"
+#include "AppDriver.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QImage>
 #include <QProcess>
 #include <QThread>
 #include <QtTest>
 
 #include <memory>
 
-namespace {
-
-// Where trayer puts the first icon on a 1400 × 900 screen (top right, 28 pixels high).
-constexpr int trayX = 1388;
-constexpr int trayY = 14;
-
-bool isGreen(QRgb pixel)
-{
-    return qGreen(pixel) > qRed(pixel) + 50 && qGreen(pixel) > qBlue(pixel) + 20;
-}
-
-int greenPixels(const QImage& image, const QRect& area)
-{
-    int count = 0;
-    const QRect inside = area.intersected(image.rect());
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            count += isGreen(image.pixel(x, y)) ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-bool differs(QRgb a, QRgb b, int threshold)
-{
-    return std::abs(qRed(a) - qRed(b)) > threshold || std::abs(qGreen(a) - qGreen(b)) > threshold ||
-           std::abs(qBlue(a) - qBlue(b)) > threshold;
-}
-
-// The profile rows' status dots in a picture of the popover, top to bottom: the active
-// row's dot is the green mark in the left third; the other rows' outlined dots sit in the
-// same column below it, down to the divider that ends the list.
-QList<QPoint> rowDots(const QImage& popover)
-{
-    QRect active;
-    for (int y = 0; y < popover.height(); ++y) {
-        for (int x = 0; x < popover.width() / 3; ++x) {
-            if (isGreen(popover.pixel(x, y))) {
-                active = active.isNull() ? QRect(x, y, 1, 1) : active.united(QRect(x, y, 1, 1));
-            }
-        }
-    }
-    if (active.isNull()) {
-        return {};
-    }
-    const int column = active.center().x();
-    QList<QPoint> dots{active.center()};
-    // A dot is a short run of ink around the column (an outlined dot has none in its middle).
-    const auto inkAt = [&](int y) {
-        const QRgb background = popover.pixel(2, y);
-        for (int x = column - 3; x <= column + 3; ++x) {
-            if (differs(popover.pixel(x, y), background, 30)) {
-                return true;
-            }
-        }
-        return false;
-    };
-    // The divider below the list runs across the whole width.
-    const auto dividerAt = [&](int y) {
-        const QRgb background = popover.pixel(2, y);
-        return differs(popover.pixel(column - 9, y), background, 8) &&
-               differs(popover.pixel(popover.width() / 2, y), background, 8) &&
-               differs(popover.pixel(popover.width() - 30, y), background, 8);
-    };
-    int runStart = -1;
-    for (int y = active.bottom() + 3; y < popover.height(); ++y) {
-        if (dividerAt(y)) {
-            break;
-        }
-        const bool ink = inkAt(y);
-        if (ink && runStart < 0) {
-            runStart = y;
-        } else if (!ink && runStart >= 0) {
-            const int height = y - runStart;
-            if (height >= 5 && height <= 10) {
-                dots << QPoint(column, runStart + height / 2);
-            }
-            runStart = -1;
-        }
-    }
-    return dots;
-}
-
-} // namespace
-
+// The tray application on a private desktop: the tray icon opens the popover, whose rows
+// switch the global git identity from the keyboard and over the accessibility bus; the
+// settings window and Quit. Controls are found by role and name, keys are real key events.
 class tst_AppInTray : public QObject {
     Q_OBJECT
 
 private slots:
     void initTestCase();
     void cleanupTestCase();
-    void trayClickOpensThePopover();
-    void rowClickSwitchesTheGlobalIdentity();
+    void trayClickOpensThePopoverWithTheActiveRowFocused();
+    void arrowsAndSpaceSwitchTheGlobalIdentity();
+    void rowsSayNameIdentityAndWhetherActive();
+    void pressingARowSwitches();
+    void menuKeyOffersTheRowsActionsAndDeleteRemoves();
     void secondLaunchShowsTheRunningPopover();
     void settingsWindowOpensFromThePopover();
     void quitEndsTheProcess();
     void darkAppearance();
 
 private:
-    bool launch();
-    std::optional<QString> openPopover();
-    void saveScreenshot(const QImage& image, const QString& name);
+    std::optional<StoredData> stored() const
+    {
+        return ProfileCodec::decodeStore(
+            m_home->read(QStringLiteral(".git-switcher/profiles.json")));
+    }
+    AppDriver::Node popover();
+    AppDriver::Node row(const AppDriver::Node& popover, const QString& name);
 
-    std::unique_ptr<XSession> m_x;
     std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<QProcess> m_app;
-    QString m_appPath;
+    std::unique_ptr<AppDriver> m_driver;
 };
 
 void tst_AppInTray::initTestCase()
 {
-    const QStringList missing = XSession::missingPrograms();
+    const QStringList missing = AppDriver::missingPrograms();
     if (!missing.isEmpty()) {
         QSKIP(qPrintable(QStringLiteral("needs ") + missing.join(QStringLiteral(", "))));
     }
-    m_appPath = qEnvironmentVariable("KIVORA_APP");
-    QVERIFY2(QFile::exists(m_appPath), "KIVORA_APP names no program");
-
-    m_x = std::make_unique<XSession>();
-    QString problem;
-    QVERIFY2(m_x->start(&problem), qPrintable(problem));
+    QVERIFY2(QFile::exists(qEnvironmentVariable("KIVORA_APP")), "KIVORA_APP names no program");
 
     m_home = std::make_unique<TestHome>();
     m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.name"),
@@ -143,167 +58,271 @@ void tst_AppInTray::initTestCase()
     m_home->git({QStringLiteral("config"), QStringLiteral("--global"), QStringLiteral("user.email"),
                  QStringLiteral("user1@example.com")});
     StoredData data;
-    for (int i = 1; i <= 3; ++i) {
+    for (int i = 1; i <= 4; ++i) {
         data.profiles << GitProfile::create(QStringLiteral("Profile %1").arg(i),
                                             QStringLiteral("User %1").arg(i),
                                             QStringLiteral("user%1@example.com").arg(i), QString());
     }
     data.activeProfileID = data.profiles.first().id;
     m_home->write(QStringLiteral(".git-switcher/profiles.json"), ProfileCodec::encodeStore(data));
-    // The display switches on, light appearance.
     m_home->write(
         QStringLiteral(".config/Kivora/Kivora.conf"),
         "[General]\nappAppearance=Light\nshowProfileEmail=true\nshowProfileEmailSet=true\n"
         "showSSHKey=true\nshowSSHKeySet=true\n");
-    QVERIFY(launch());
+
+    m_driver = std::make_unique<AppDriver>();
+    QString problem;
+    QVERIFY2(m_driver->startDesktop(*m_home, &problem), qPrintable(problem));
+    QVERIFY2(m_driver->launch(),
+             "the application did not start, or is not on the accessibility bus");
 }
 
 void tst_AppInTray::cleanupTestCase()
 {
-    AppProcess::stop(m_app);
-    m_x.reset();
+    m_driver.reset();
     m_home.reset();
 }
 
-bool tst_AppInTray::launch()
+AppDriver::Node tst_AppInTray::popover()
 {
-    QProcessEnvironment env = m_x->environment();
-    m_app = AppProcess::launch(m_appPath, env);
-    return m_app != nullptr;
-}
-
-std::optional<QString> tst_AppInTray::openPopover()
-{
-    if (auto open = m_x->waitForWindow(QStringLiteral("^Kivora$"), 200)) {
-        return open;
+    const auto found = m_driver->openPopover();
+    if (!found) {
+        qWarning().noquote() << m_driver->dump();
     }
-    m_x->click(trayX, trayY);
-    return m_x->waitForWindow(QStringLiteral("^Kivora$"), 10000);
+    return found.value_or(AppDriver::Node{});
 }
 
-void tst_AppInTray::saveScreenshot(const QImage& image, const QString& name)
+AppDriver::Node tst_AppInTray::row(const AppDriver::Node& popover, const QString& name)
 {
-    QVERIFY(AppProcess::saveScreenshot(image, name));
+    return m_driver->control(popover, QStringLiteral("radio button"), name)
+        .value_or(AppDriver::Node{});
 }
 
-void tst_AppInTray::trayClickOpensThePopover()
+void tst_AppInTray::trayClickOpensThePopoverWithTheActiveRowFocused()
 {
-    const auto popover = openPopover();
-    QVERIFY2(popover, "no popover after a click on the tray icon");
-    const QRect area = m_x->geometry(*popover);
-    // Beside the icon at the top right, inside the screen.
+    QVERIFY(!m_driver->window(QStringLiteral("Kivora"), 0));
+    QVERIFY2(m_driver->clickTrayIcon(), "no tray icon");
+    const auto opened = m_driver->window(QStringLiteral("Kivora"), 10000);
+    QVERIFY2(opened, qPrintable(m_driver->dump()));
+    // The keyboard is on the active profile's row.
+    QVERIFY2(m_driver->waitForFocus(*opened, QStringLiteral("radio button"),
+                                    QStringLiteral("Profile 1")),
+             qPrintable(m_driver->describeFocus(*opened)));
+    // The popover sits by the icon at the top right of the screen.
+    const QRect area = m_driver->a11y().extents(*opened);
     QVERIFY(area.width() > 200 && area.height() > 200);
     QVERIFY(area.top() < 100);
-    QVERIFY(area.right() < 1400 && area.left() > 700);
-    m_x->move(area.left() - 40, area.bottom() + 40);
+    QVERIFY(area.left() > 700 && area.right() < 1400);
     QThread::msleep(400);
-    saveScreenshot(m_x->capture(area), QStringLiteral("popover-light.png"));
+    QVERIFY(m_driver->saveScreenshot(*opened, QStringLiteral("popover-light.png")));
 }
 
-void tst_AppInTray::rowClickSwitchesTheGlobalIdentity()
+void tst_AppInTray::arrowsAndSpaceSwitchTheGlobalIdentity()
 {
-    const auto popover = openPopover();
-    QVERIFY(popover);
-    const QRect area = m_x->geometry(*popover);
-    m_x->move(area.left() - 40, area.bottom() + 40);
-    QThread::msleep(300);
-    const QList<QPoint> dots = rowDots(m_x->capture(area));
-    QCOMPARE(dots.size(), 3);
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
+    m_driver->key(QStringLiteral("Down"));
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")),
+        qPrintable(m_driver->describeFocus(shown)));
+    // Moving switches nothing.
     QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), QStringLiteral("User 1"));
+    QThread::msleep(300);
+    QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-focus-light.png")));
 
-    // The second row: Profile 2. The "Switched" mark shows for 1.5 seconds, so pictures are
-    // taken at once, before anything else; it is green at the row's trailing side.
-    const QPoint target = area.topLeft() + dots.at(1) + QPoint(80, 0);
-    const QRect trailing(area.width() / 2, dots.at(1).y() - 12, area.width() / 2 - 100, 24);
-    QElapsedTimer sinceClick;
-    m_x->click(target.x(), target.y());
-    sinceClick.start();
-    bool marked = false;
-    while (!marked && sinceClick.elapsed() < 1400) {
-        marked = greenPixels(m_x->capture(area), trailing) > 15;
-    }
-    QVERIFY2(marked, "no Switched mark after the click");
+    m_driver->key(QStringLiteral("space"));
     QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),
-                              QStringLiteral("User 2"), 5000);
+                              QStringLiteral("User 2"), 10000);
     QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("user2@example.com"));
+    const auto afterSwitch = stored();
+    QCOMPARE(afterSwitch->activeProfileID, std::optional<QUuid>(afterSwitch->profiles.at(1).id));
+    // The row says it is the active one now, and a notification says it switched; the
+    // notification goes after 1.5 seconds.
+    const AppDriver::Node second = row(shown, QStringLiteral("Profile 2"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_driver->a11y().hasState(second, QStringLiteral("checked")), 5000);
+    QVERIFY(!m_driver->a11y().hasState(row(shown, QStringLiteral("Profile 1")),
+                                       QStringLiteral("checked")));
+    QTRY_VERIFY_WITH_TIMEOUT(!m_driver->control(shown, QStringLiteral("notification"),
+                                                QStringLiteral("Switched to Profile 2"), 0),
+                             10000);
 
-    // Gone once its timer ran.
-    QThread::msleep(std::max<qint64>(0, 2500 - sinceClick.elapsed()));
-    const QImage cleared = m_x->capture(area);
-    QCOMPARE(greenPixels(cleared, trailing), 0);
-    // The row of Profile 2 now has the filled green dot.
-    QVERIFY(greenPixels(cleared, QRect(dots.at(1) - QPoint(4, 4), QSize(9, 9))) > 10);
+    // End, then Return: the last profile.
+    m_driver->key(QStringLiteral("End"));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    m_driver->key(QStringLiteral("Return"));
+    QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),
+                              QStringLiteral("User 4"), 10000);
+    m_driver->key(QStringLiteral("Home"));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 1")));
+}
+
+void tst_AppInTray::rowsSayNameIdentityAndWhetherActive()
+{
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    AtSpiClient& a11y = m_driver->a11y();
+    const AppDriver::Node active = row(shown, QStringLiteral("Profile 4"));
+    QVERIFY(active.isValid());
+    // "Switched" leaves the description with the notification, after 1.5 seconds.
+    QTRY_COMPARE_WITH_TIMEOUT(a11y.description(active),
+                              QStringLiteral("User 4 · user4@example.com, Active profile"), 10000);
+    QVERIFY(a11y.hasState(active, QStringLiteral("checked")));
+    const AppDriver::Node other = row(shown, QStringLiteral("Profile 3"));
+    QCOMPARE(a11y.description(other), QStringLiteral("User 3 · user3@example.com"));
+    QVERIFY(!a11y.hasState(other, QStringLiteral("checked")));
+    // The footer's buttons and the list are named.
+    for (const char* name : {"Add Profile", "Settings", "Quit"}) {
+        QVERIFY2(m_driver->control(shown, QStringLiteral("push button"), QLatin1String(name), 2000),
+                 name);
+    }
+    QVERIFY(m_driver->control(shown, QStringLiteral("list"), QStringLiteral("Profiles"), 2000));
+    const auto sync =
+        m_driver->control(shown, QStringLiteral("label"), QStringLiteral("iCloud Sync"), 2000);
+    QVERIFY(sync);
+    QCOMPARE(a11y.description(*sync), QStringLiteral("Local only"));
+}
+
+void tst_AppInTray::pressingARowSwitches()
+{
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    QVERIFY(m_driver->press(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")));
+    QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),
+                              QStringLiteral("User 3"), 10000);
+    const auto afterPress = stored();
+    QCOMPARE(afterPress->activeProfileID, std::optional<QUuid>(afterPress->profiles.at(2).id));
+}
+
+void tst_AppInTray::menuKeyOffersTheRowsActionsAndDeleteRemoves()
+{
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    // To the last row; Shift+F10 opens its actions.
+    m_driver->key(QStringLiteral("End"));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    m_driver->key(QStringLiteral("shift+F10"));
+    for (const char* name : {"Open Terminal", "Edit", "Delete"}) {
+        QVERIFY2(m_driver->control(shown, QStringLiteral("menu item"), QLatin1String(name), 5000),
+                 qPrintable(m_driver->dump()));
+    }
+    QThread::msleep(300);
+    QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-row-menu-light.png")));
+    // Escape closes the menu and leaves the popover open, the row focused.
+    m_driver->key(QStringLiteral("Escape"));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        !m_driver->control(shown, QStringLiteral("menu item"), QStringLiteral("Delete"), 0), 5000);
+    QVERIFY(m_driver->window(QStringLiteral("Kivora"), 0));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 4")));
+    // The Menu key, then Delete: the profile is gone from the file; nothing else changes.
+    const QString activeName = m_home->gitConfig(QStringLiteral("user.name"));
+    m_driver->key(QStringLiteral("Menu"));
+    QVERIFY(m_driver->control(shown, QStringLiteral("menu item"), QStringLiteral("Delete"), 5000));
+    m_driver->key(QStringLiteral("Down Down Return"));
+    QTRY_COMPARE_WITH_TIMEOUT(stored()->profiles.size(), 3, 10000);
+    const auto left = stored();
+    for (const GitProfile& profile : left->profiles) {
+        QVERIFY(profile.name != QLatin1String("Profile 4"));
+    }
+    QCOMPARE(m_home->gitConfig(QStringLiteral("user.name")), activeName);
+    // The keyboard goes on from the active profile's row.
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")),
+        qPrintable(m_driver->describeFocus(shown)));
 }
 
 void tst_AppInTray::secondLaunchShowsTheRunningPopover()
 {
-    m_x->run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Escape")});
-    QTRY_VERIFY_WITH_TIMEOUT(!m_x->waitForWindow(QStringLiteral("^Kivora$"), 100), 5000);
+    m_driver->key(QStringLiteral("Escape"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Kivora")));
 
     QProcess second;
-    second.setProcessEnvironment(m_x->environment());
-    second.start(m_appPath, {});
+    second.setProcessEnvironment(m_driver->environment());
+    second.start(qEnvironmentVariable("KIVORA_APP"), {});
     QVERIFY(second.waitForFinished(15000));
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QCOMPARE(second.exitCode(), 0);
-    QCOMPARE(m_app->state(), QProcess::Running);
-    QVERIFY2(m_x->waitForWindow(QStringLiteral("^Kivora$"), 5000),
+    QCOMPARE(m_driver->app()->state(), QProcess::Running);
+    QVERIFY2(m_driver->window(QStringLiteral("Kivora"), 5000),
              "the running instance did not bring its popover forward");
 }
 
 void tst_AppInTray::settingsWindowOpensFromThePopover()
 {
-    const auto popover = openPopover();
-    QVERIFY(popover);
-    const QRect area = m_x->geometry(*popover);
-    // "Add Profile" is the footer's first button.
-    m_x->click(area.left() + 50, area.bottom() - 22);
-    const auto settings = m_x->waitForWindow(QStringLiteral("^Kivora Settings$"), 10000);
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    // Tab from the list to "Add Profile", then Return.
+    QVERIFY(m_driver->waitForFocus(shown, QStringLiteral("radio button"), QString()));
+    m_driver->key(QStringLiteral("Tab"));
+    QVERIFY2(
+        m_driver->waitForFocus(shown, QStringLiteral("push button"), QStringLiteral("Add Profile")),
+        qPrintable(m_driver->describeFocus(shown)));
+    m_driver->key(QStringLiteral("Return"));
+    const auto settings = m_driver->window(QStringLiteral("Kivora Settings"));
     QVERIFY2(settings, "no settings window");
-    const QRect window = m_x->geometry(*settings);
-    QCOMPARE(window.size(), QSize(1100, 650));
+    QCOMPARE(m_driver->a11y().extents(*settings).size(), QSize(1100, 650));
     QThread::msleep(500);
-    saveScreenshot(m_x->capture(window), QStringLiteral("settings-light.png"));
-    m_x->run(QStringLiteral("xdotool"), {QStringLiteral("windowunmap"), *settings});
+    QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("settings-light.png")));
+    // Ctrl+W closes it.
+    m_driver->key(QStringLiteral("ctrl+w"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Kivora Settings")));
 }
 
 void tst_AppInTray::quitEndsTheProcess()
 {
-    const auto popover = openPopover();
-    QVERIFY(popover);
-    const QRect area = m_x->geometry(*popover);
-    // "Quit" is the footer's last button.
-    m_x->click(area.right() - 26, area.bottom() - 22);
-    QVERIFY(m_app->waitForFinished(10000));
-    QCOMPARE(m_app->exitStatus(), QProcess::NormalExit);
-    QCOMPARE(m_app->exitCode(), 0);
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    QVERIFY(m_driver->press(shown, QStringLiteral("push button"), QStringLiteral("Quit")));
+    QVERIFY(m_driver->app()->waitForFinished(10000));
+    QCOMPARE(m_driver->app()->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(m_driver->app()->exitCode(), 0);
 }
 
 void tst_AppInTray::darkAppearance()
 {
-    AppProcess::stop(m_app);
+    m_driver->stopApp();
     m_home->write(QStringLiteral(".config/Kivora/Kivora.conf"),
                   "[General]\nappAppearance=Dark\nshowProfileEmail=true\nshowProfileEmailSet=true\n"
                   "showSSHKey=true\nshowSSHKeySet=true\n");
-    QVERIFY(launch());
-    const auto popover = openPopover();
-    QVERIFY(popover);
-    const QRect area = m_x->geometry(*popover);
-    m_x->move(area.left() - 40, area.bottom() + 40);
+    QVERIFY(m_driver->launch());
+    const AppDriver::Node shown = popover();
+    QVERIFY(shown.isValid());
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 3")));
     QThread::msleep(400);
-    const QImage dark = m_x->capture(area);
-    saveScreenshot(dark, QStringLiteral("popover-dark.png"));
-    // A dark background: the popover's corner region is dark.
-    QVERIFY(qGray(dark.pixel(4, area.height() / 2)) < 80);
+    QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-dark.png")));
+    m_driver->key(QStringLiteral("Up"));
+    QVERIFY(
+        m_driver->waitForFocus(shown, QStringLiteral("radio button"), QStringLiteral("Profile 2")));
+    QThread::msleep(300);
+    QVERIFY(m_driver->saveScreenshot(shown, QStringLiteral("popover-focus-dark.png")));
 
-    m_x->click(area.left() + 50, area.bottom() - 22);
-    const auto settings = m_x->waitForWindow(QStringLiteral("^Kivora Settings$"), 10000);
+    QVERIFY(m_driver->press(shown, QStringLiteral("push button"), QStringLiteral("Settings")));
+    const auto settings = m_driver->window(QStringLiteral("Kivora Settings"));
     QVERIFY(settings);
+    // The Appearance page says Dark is the chosen appearance: Ctrl+F, then down the sidebar.
+    m_driver->key(QStringLiteral("ctrl+f"));
+    QVERIFY2(m_driver->waitForFocus(*settings, QStringLiteral("text"),
+                                    QStringLiteral("Search settings")),
+             qPrintable(m_driver->describeFocus(*settings)));
+    m_driver->key(QStringLiteral("Down Down"));
+    QVERIFY2(
+        m_driver->waitForFocus(*settings, QStringLiteral("page tab"), QStringLiteral("Appearance")),
+        qPrintable(m_driver->describeFocus(*settings)));
+    m_driver->key(QStringLiteral("Return"));
+    QVERIFY(m_driver->control(*settings, QStringLiteral("heading"), QStringLiteral("Appearance")));
+    const auto dark =
+        m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Dark"));
+    QVERIFY2(dark, qPrintable(m_driver->a11y().dump(*settings)));
+    QVERIFY(m_driver->a11y().hasState(*dark, QStringLiteral("checked")));
     QThread::msleep(500);
-    const QImage window = m_x->capture(m_x->geometry(*settings));
-    saveScreenshot(window, QStringLiteral("settings-dark.png"));
-    QVERIFY(qGray(window.pixel(window.width() - 10, window.height() - 10)) < 80);
-    AppProcess::stop(m_app);
+    QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("settings-dark.png")));
+    m_driver->stopApp();
 }
 
 QTEST_GUILESS_MAIN(tst_AppInTray)

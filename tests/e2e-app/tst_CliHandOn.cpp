@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "AppProcess.h"
-#include "XSession.h"
+#include "AppDriver.h"
 #include "activation/InstanceChannel.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
@@ -17,7 +16,8 @@
 #include <sys/stat.h>
 
 // While the tray application runs, the command line's profile changes are carried out by it,
-// so that its windows show them at once; what only reads stays in the command line.
+// so that its windows show them at once (its popover's rows, read over the accessibility
+// bus); what only reads stays in the command line.
 class tst_CliHandOn : public QObject {
     Q_OBJECT
 
@@ -27,14 +27,31 @@ class tst_CliHandOn : public QObject {
         QString err;
     };
 
-    std::unique_ptr<XSession> m_x;
     std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<QProcess> m_app;
+    std::unique_ptr<AppDriver> m_driver;
+
+    // The popover's profile rows, by name, and which one is active.
+    QStringList popoverRows(QString* active = nullptr) const
+    {
+        QStringList names;
+        const auto popover = m_driver->openPopover();
+        if (!popover) {
+            return names;
+        }
+        for (const AtSpiClient::Node& row :
+             m_driver->a11y().findAll(*popover, QStringLiteral("radio button"), QString())) {
+            names << m_driver->a11y().name(row);
+            if (active && m_driver->a11y().hasState(row, QStringLiteral("checked"))) {
+                *active = names.last();
+            }
+        }
+        return names;
+    }
 
     Result kivora(const QStringList& arguments, const QByteArray& input = {}) const
     {
         QProcess process;
-        process.setProcessEnvironment(m_x->environment());
+        process.setProcessEnvironment(m_driver->environment());
         process.start(qEnvironmentVariable("KIVORA_CLI"), arguments);
         process.write(input);
         process.closeWriteChannel();
@@ -79,33 +96,31 @@ class tst_CliHandOn : public QObject {
 private slots:
     void initTestCase()
     {
-        const QStringList missing = XSession::missingPrograms();
+        const QStringList missing = AppDriver::missingPrograms();
         if (!missing.isEmpty()) {
             QSKIP(qPrintable(QStringLiteral("needs ") + missing.join(QStringLiteral(", "))));
         }
-        m_x = std::make_unique<XSession>();
-        QString problem;
-        QVERIFY2(m_x->start(&problem), qPrintable(problem));
         m_home = std::make_unique<TestHome>();
+        m_driver = std::make_unique<AppDriver>();
+        QString problem;
+        QVERIFY2(m_driver->startDesktop(*m_home, &problem), qPrintable(problem));
+        // This process asks the application on the socket in the desktop's runtime folder.
+        qputenv("XDG_RUNTIME_DIR",
+                m_driver->environment().value(QStringLiteral("XDG_RUNTIME_DIR")).toUtf8());
         const GitProfile work = GitProfile::create(QStringLiteral("Work"), QStringLiteral("W"),
                                                    QStringLiteral("w@corp"), QString());
         m_home->write(QStringLiteral(".git-switcher/profiles.json"),
                       ProfileCodec::encodeStore({{work}, work.id}));
 
-        m_app = std::make_unique<QProcess>();
-        QProcessEnvironment env = m_x->environment();
-        env.insert(QStringLiteral("KIVORA_UPDATE_FEED_URL"), QStringLiteral("http://127.0.0.1:9/"));
-        m_app->setProcessEnvironment(env);
-        m_app->start(qEnvironmentVariable("KIVORA_APP"), {});
-        QVERIFY(m_app->waitForStarted(5000));
+        QVERIFY(m_driver->launch());
+        QCOMPARE(popoverRows(), QStringList{QStringLiteral("Work")});
         // Ready once it answers on its socket.
         QTRY_VERIFY_WITH_TIMEOUT(appAnswers(), 20000);
     }
 
     void cleanupTestCase()
     {
-        AppProcess::stop(m_app);
-        m_x.reset();
+        m_driver.reset();
         m_home.reset();
     }
 
@@ -117,16 +132,21 @@ private slots:
         QCOMPARE(r.status, 0);
         QCOMPARE(r.out, QStringLiteral("Added profile Home Box.\n"));
         QCOMPARE(storedNames(), (QStringList{QStringLiteral("Work"), QStringLiteral("Home Box")}));
+        // The running popover lists it at once.
+        QTRY_COMPARE_WITH_TIMEOUT(popoverRows(),
+                                  (QStringList{QStringLiteral("Work"), QStringLiteral("Home Box")}),
+                                  10000);
 
         // Were the application unaware of "Home Box", its next save would drop it.
         r = kivora({QStringLiteral("remove"), QStringLiteral("work")});
         QCOMPARE(r.status, 0);
         QCOMPARE(storedNames(), QStringList{QStringLiteral("Home Box")});
+        QTRY_COMPARE_WITH_TIMEOUT(popoverRows(), QStringList{QStringLiteral("Home Box")}, 10000);
 
         // The switch is the application's work: this command line finds no git on its PATH,
         // and could not have set the identity itself.
         QProcess process;
-        QProcessEnvironment env = m_x->environment();
+        QProcessEnvironment env = m_driver->environment();
         env.insert(QStringLiteral("PATH"), m_home->filePath(QStringLiteral("no-programs")));
         process.setProcessEnvironment(env);
         process.start(qEnvironmentVariable("KIVORA_CLI"),
@@ -135,6 +155,10 @@ private slots:
         QCOMPARE(process.exitCode(), 0);
         QCOMPARE(m_home->gitConfig(QStringLiteral("user.email")), QStringLiteral("h@home"));
         QCOMPARE(stored()->activeProfileID, std::optional<QUuid>(stored()->profiles.first().id));
+        // The popover's row says it is the active profile.
+        QString active;
+        QTRY_VERIFY_WITH_TIMEOUT((popoverRows(&active), active == QLatin1String("Home Box")),
+                                 10000);
     }
 
     void standardInputAndErrorsTravel()
@@ -154,7 +178,7 @@ private slots:
         QCOMPARE(kivora({QStringLiteral("export"), file}).status, 0);
         // A relative file name is resolved where the command was typed.
         QProcess process;
-        process.setProcessEnvironment(m_x->environment());
+        process.setProcessEnvironment(m_driver->environment());
         process.setWorkingDirectory(m_home->path());
         process.start(qEnvironmentVariable("KIVORA_CLI"),
                       {QStringLiteral("import"), QStringLiteral("export.json")});
@@ -162,7 +186,7 @@ private slots:
         QCOMPARE(process.exitCode(), 0);
         QCOMPARE(storedNames(),
                  (QStringList{QStringLiteral("Home Box"), QStringLiteral("Home Box")}));
-        QCOMPARE(m_app->state(), QProcess::Running);
+        QCOMPARE(m_driver->app()->state(), QProcess::Running);
     }
 
     // A command line that cannot reach the application (another session's runtime folder)
@@ -174,7 +198,7 @@ private slots:
         QTemporaryDir elsewhere;
         QVERIFY(QFile::setPermissions(elsewhere.path(), QFileDevice::Permissions(0x7000)));
         QProcess beside;
-        QProcessEnvironment env = m_x->environment();
+        QProcessEnvironment env = m_driver->environment();
         env.insert(QStringLiteral("XDG_RUNTIME_DIR"), elsewhere.path());
         beside.setProcessEnvironment(env);
         beside.start(qEnvironmentVariable("KIVORA_CLI"),

@@ -16,11 +16,6 @@
 
 namespace {
 
-// Where trayer puts the first icon on a 1400 × 900 screen (top right, 28 pixels high). The
-// XEmbed tray shows the icon only as pixels: it is the one thing clicked by position.
-constexpr int trayX = 1388;
-constexpr int trayY = 14;
-
 double meanGray(const QImage& image, const QRect& area)
 {
     const QRect inside = area.intersected(image.rect());
@@ -125,10 +120,14 @@ std::optional<AtSpiClient::Node> DesktopWithoutPortal::appWindow(const QString& 
 void DesktopWithoutPortal::trayMenuIsDarkAndOpensSettings()
 {
     XSession& x = m_desktop->x();
-    x.click(trayX, trayY, 3);
+    // The XEmbed tray shows the icon only as pixels, in a small window the application
+    // embeds there: that window is found and right-clicked.
+    const QRect icon = x.trayIconArea(QStringLiteral("kivora-app"));
+    QVERIFY2(!icon.isEmpty(), "no tray icon");
+    x.click(icon.center().x(), icon.center().y(), 3);
     // Qt does not offer a tray icon's menu to assistive technology: it is checked where it
     // opens, by the icon, and used from the keyboard.
-    const QRect menu(trayX - 148, trayY + 14, 120, 60);
+    const QRect menu(icon.center().x() - 148, icon.bottom() + 1, 120, 60);
     QImage screen;
     QElapsedTimer waited;
     waited.start();

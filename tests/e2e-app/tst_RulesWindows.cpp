@@ -1,42 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "AppProcess.h"
-#include "XSession.h"
+#include "AppDriver.h"
 #include "activation/RuleStore.h"
 #include "activation/RuleSync.h"
 #include "model/ProfileCodec.h"
 #include "support/TestHome.h"
 
 #include <QDir>
-#include <QImage>
-#include <QProcess>
 #include <QThread>
 #include <QtTest>
 
 #include <memory>
 
-namespace {
-
-// Where trayer puts the first icon on a 1400 × 900 screen (top right, 28 pixels high).
-constexpr int trayX = 1388;
-constexpr int trayY = 14;
-// In the settings window (1100 × 650): the first profile row and its edit button.
-constexpr QPoint firstRow(500, 200);
-constexpr QPoint firstRowEdit(1020, 200);
-// In the editor (500 wide, as tall as fits the settings window: 602) scrolled to its end: the
-// first rule's remove button, and Save.
-constexpr QPoint removeFirstRule(448, 368);
-constexpr QPoint editorSave(439, 572);
-constexpr QPoint addFolder(98, 491);
-// Qt's folder dialog inside the sheet: the first folder of the list, and Open.
-constexpr QPoint chooserFirstFolder(70, 228);
-constexpr QPoint chooserOpen(325, 467);
-
-} // namespace
-
-// The rules in the windows: the profiles page shows a profile's rules under its identity, and
-// the editor's last section lists them, each removable.
+// The rules in the windows, with the keyboard: the profiles page says a profile's rules with
+// its identity, and the editor's last section lists them, each removable, and adds a folder
+// through the desktop's folder chooser. Checked in the rule file and git's configuration.
 class tst_RulesWindows : public QObject {
     Q_OBJECT
 
@@ -46,49 +25,42 @@ private slots:
     void pageAndEditorShowTheRules();
 
 private:
-    std::optional<QString> openSettings();
+    bool tabTo(const AppDriver::Node& root, const QString& role, const QString& name);
 
-    std::unique_ptr<XSession> m_x;
     std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<QProcess> m_app;
+    std::unique_ptr<AppDriver> m_driver;
 };
 
 void tst_RulesWindows::initTestCase()
 {
-    const QStringList missing = XSession::missingPrograms();
+    const QStringList missing = AppDriver::missingPrograms();
     if (!missing.isEmpty()) {
         QSKIP(qPrintable(QStringLiteral("needs ") + missing.join(QStringLiteral(", "))));
     }
     QVERIFY2(QFile::exists(qEnvironmentVariable("KIVORA_APP")), "KIVORA_APP names no program");
-    m_x = std::make_unique<XSession>();
-    QString problem;
-    QVERIFY2(m_x->start(&problem), qPrintable(problem));
     m_home = std::make_unique<TestHome>();
+    m_driver = std::make_unique<AppDriver>();
+    QString problem;
+    QVERIFY2(m_driver->startDesktop(*m_home, &problem), qPrintable(problem));
 }
 
 void tst_RulesWindows::cleanupTestCase()
 {
-    AppProcess::stop(m_app);
-    m_x.reset();
+    m_driver.reset();
     m_home.reset();
 }
 
-std::optional<QString> tst_RulesWindows::openSettings()
+bool tst_RulesWindows::tabTo(const AppDriver::Node& root, const QString& role, const QString& name)
 {
-    auto popover = m_x->waitForWindow(QStringLiteral("^Kivora$"), 200);
-    if (!popover) {
-        m_x->click(trayX, trayY);
-        popover = m_x->waitForWindow(QStringLiteral("^Kivora$"), 10000);
+    for (int step = 0; step < 40; ++step) {
+        if (m_driver->waitForFocus(root, role, name, 400)) {
+            return true;
+        }
+        m_driver->key(QStringLiteral("Tab"));
     }
-    if (!popover) {
-        return std::nullopt;
-    }
-    const QRect area = m_x->geometry(*popover);
-    // The popover footer's first button opens the settings window.
-    m_x->click(area.left() + 50, area.bottom() - 22);
-    const auto settings = m_x->waitForWindow(QStringLiteral("^Kivora Settings$"), 10000);
-    QThread::msleep(600);
-    return settings;
+    qWarning() << "the keyboard never reached" << role << name << "; it is on"
+               << m_driver->describeFocus(root);
+    return false;
 }
 
 void tst_RulesWindows::pageAndEditorShowTheRules()
@@ -109,47 +81,68 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
                  {work.id, IdentityRule::Kind::Remote, QStringLiteral("git@github.com:acme/**")}},
                 {work, personal}));
 
-    m_app = AppProcess::launch(qEnvironmentVariable("KIVORA_APP"), m_x->environment());
-    QVERIFY(m_app);
-    const auto settings = openSettings();
+    QVERIFY(m_driver->launch());
+    const auto popover = m_driver->openPopover();
+    QVERIFY(popover);
+    QVERIFY(m_driver->press(*popover, QStringLiteral("push button"), QStringLiteral("Settings")));
+    const auto settings = m_driver->window(QStringLiteral("Kivora Settings"));
     QVERIFY2(settings, "no settings window");
-    const QRect window = m_x->geometry(*settings);
-    m_x->move(window.left() + firstRow.x(), window.top() + firstRow.y());
-    QThread::msleep(500);
-    QVERIFY(AppProcess::saveScreenshot(m_x->capture(window),
-                                       QStringLiteral("profiles-rules-light.png")));
-
-    m_x->click(window.left() + firstRowEdit.x(), window.top() + firstRowEdit.y());
-    const auto editor = m_x->waitForWindow(QStringLiteral("^Edit Profile$"), 10000);
-    QVERIFY2(editor, "no editor after the edit button");
-    const QRect sheet = m_x->geometry(*editor);
-    QThread::msleep(400);
-    // Scrolled to the end of the form, where "Used Automatically In" is.
-    m_x->move(sheet.center().x(), sheet.center().y());
-    for (int i = 0; i < 15; ++i) {
-        m_x->click(sheet.center().x(), sheet.center().y(), 5);
-    }
-    QThread::msleep(600);
+    // The list's row of Work says where the profile is used.
+    const auto workRow =
+        m_driver->control(*settings, QStringLiteral("radio button"), QStringLiteral("Work"));
+    QVERIFY(workRow);
+    QVERIFY2(m_driver->a11y().description(*workRow).contains(QStringLiteral("Used in ")),
+             qPrintable(m_driver->a11y().description(*workRow)));
+    // Into the list (the active profile, Personal), up to Work: its ring and buttons show.
+    m_driver->key(QStringLiteral("ctrl+f"));
+    QVERIFY(tabTo(*settings, QStringLiteral("radio button"), QStringLiteral("Personal")));
+    m_driver->key(QStringLiteral("Up"));
     QVERIFY(
-        AppProcess::saveScreenshot(m_x->capture(sheet), QStringLiteral("editor-rules-light.png")));
+        m_driver->waitForFocus(*settings, QStringLiteral("radio button"), QStringLiteral("Work")));
+    QThread::msleep(400);
+    QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("profiles-rules-light.png")));
 
-    // The folder rule's remove button; then "Add Folder…" and the folder chooser (on a desktop
-    // without a portal, Qt's own dialog inside the sheet) choose the same folder again: it
-    // comes back after the remote rule. Save writes both.
-    m_x->click(sheet.left() + removeFirstRule.x(), sheet.top() + removeFirstRule.y());
+    m_driver->key(QStringLiteral("Menu Return"));
+    const auto editor = m_driver->window(QStringLiteral("Edit Profile"));
+    QVERIFY2(editor, "no editor from the row's menu");
+    QVERIFY(
+        m_driver->waitForFocus(*editor, QStringLiteral("text"), QStringLiteral("Profile Name")));
+    // Tab down the form to the first rule's Remove: the form scrolls along.
+    QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Remove")));
+    QThread::msleep(400);
+    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-rules-light.png")));
+    m_driver->key(QStringLiteral("Return"));
+    // The folder rule is gone from the list (the remote one is left); Add Folder… opens the
+    // folder chooser, whose keyboard starts on the home folder's first folder, "work": Tab
+    // to its Open button, Space. The folder comes back after the remote rule.
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_driver->a11y()
+            .findAll(*editor, QStringLiteral("push button"), QStringLiteral("Remove"))
+            .size(),
+        1, 5000);
+    QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Add Folder…")));
+    m_driver->key(QStringLiteral("Return"));
+    const auto chooser =
+        m_driver->control(*editor, QStringLiteral("dialog"), QStringLiteral("Choose a Folder"));
+    QVERIFY2(chooser, qPrintable(m_driver->a11y().dump(*editor)));
+    QVERIFY(m_driver->waitForFocus(*chooser, QStringLiteral("list item"), QString()));
+    QVERIFY(m_driver->control(*m_driver->focused(*chooser), QStringLiteral("label"),
+                              QStringLiteral("work"), 2000));
     QThread::msleep(300);
-    m_x->click(sheet.left() + addFolder.x(), sheet.top() + addFolder.y());
-    QThread::msleep(1000);
     const QString pictures = QStringLiteral(KIVORA_BUILD_SCREENSHOTS);
     QDir().mkpath(pictures);
-    QVERIFY(m_x->capture(sheet).save(pictures + QStringLiteral("/folder-chooser.png")));
-    m_x->click(sheet.left() + chooserFirstFolder.x(), sheet.top() + chooserFirstFolder.y());
-    QThread::msleep(300);
-    m_x->click(sheet.left() + chooserOpen.x(), sheet.top() + chooserOpen.y());
-    QThread::msleep(600);
-    QVERIFY(m_x->capture(sheet).save(pictures + QStringLiteral("/editor-folder-added.png")));
-    m_x->click(sheet.left() + editorSave.x(), sheet.top() + editorSave.y());
-    QTRY_VERIFY_WITH_TIMEOUT(!m_x->waitForWindow(QStringLiteral("^Edit Profile$"), 100), 5000);
+    QVERIFY(m_driver->capture(*editor).save(pictures + QStringLiteral("/folder-chooser.png")));
+    QVERIFY(tabTo(*chooser, QStringLiteral("push button"), QStringLiteral("Open")));
+    m_driver->key(QStringLiteral("space"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_driver->a11y()
+            .findAll(*editor, QStringLiteral("push button"), QStringLiteral("Remove"))
+            .size(),
+        2, 5000);
+    // Save, from the keyboard.
+    QVERIFY(tabTo(*editor, QStringLiteral("push button"), QStringLiteral("Save")));
+    m_driver->key(QStringLiteral("Return"));
+    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
     const auto rules = RuleStore(m_home->path()).load();
     QVERIFY(rules);
     QCOMPARE(*rules,
@@ -158,7 +151,7 @@ void tst_RulesWindows::pageAndEditorShowTheRules()
                  {work.id, IdentityRule::Kind::Dir, m_home->filePath(QStringLiteral("work"))}}));
     const QByteArray generated = m_home->read(QStringLiteral(".kivora/git/rules.gitconfig"));
     QVERIFY(generated.indexOf("hasconfig:") < generated.indexOf("gitdir:"));
-    AppProcess::stop(m_app);
+    m_driver->stopApp();
 }
 
 QTEST_GUILESS_MAIN(tst_RulesWindows)

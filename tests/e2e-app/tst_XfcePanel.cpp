@@ -202,7 +202,7 @@ void XfcePanel::popoverStaysPutWhenAProfileIsClicked()
     const auto frame = appFrame(QStringLiteral("Kivora"), 10000);
     QVERIFY(frame);
     const auto row =
-        a11y.waitFor(*frame, QStringLiteral("push button"), QStringLiteral("Profile 2"), 15000);
+        a11y.waitFor(*frame, QStringLiteral("radio button"), QStringLiteral("Profile 2"), 15000);
     QVERIFY2(row, qPrintable(a11y.dump(*frame)));
     QVERIFY(a11y.press(*row));
     QTRY_COMPARE_WITH_TIMEOUT(m_home->gitConfig(QStringLiteral("user.name")),

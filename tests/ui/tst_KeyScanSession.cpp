@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "model/Translations.h"
 #include "settings/profiles/KeyScanSession.h"
 #include "support/TestHome.h"
 
@@ -20,6 +21,9 @@ class tst_KeyScanSession : public QObject {
     }
 
 private slots:
+    // The count line's plural forms come from the English translation, as in the program.
+    void initTestCase() { QVERIFY(Translations::install().contains(QStringLiteral("en"))); }
+
     void startsScanningAndFindsOnlyPairsInPlainOrder()
     {
         TestHome home;
