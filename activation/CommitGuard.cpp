@@ -138,7 +138,8 @@ bool CommitGuard::enable(QString* error) const
         return false;
     };
     if (state() == State::other) {
-        return fail(QStringLiteral(
+        return fail(QCoreApplication::translate(
+                        "CommitGuard",
                         "your global core.hooksPath is %1; Kivora's guard would replace it, so it "
                         "stays off (unset core.hooksPath first, or call kivora guard check from a "
                         "pre-commit hook there).")

@@ -96,8 +96,8 @@ bool InstanceChannel::listen(QString* error)
     const QString path = socketPath(true);
     if (path.isEmpty()) {
         if (error) {
-            *error = QStringLiteral("there is no private folder for the socket: $XDG_RUNTIME_DIR "
-                                    "is unset or not private, and ~/.kivora/run cannot be made");
+            *error = tr("there is no private folder for the socket: $XDG_RUNTIME_DIR is unset or "
+                        "not private, and ~/.kivora/run cannot be made");
         }
         return false;
     }
@@ -121,7 +121,7 @@ bool InstanceChannel::listen(QString* error)
     probe.connectToServer(path);
     if (probe.waitForConnected(500) && ownedByUs(probe)) {
         if (error) {
-            *error = QStringLiteral("another instance is running");
+            *error = tr("another instance is running");
         }
         return false;
     }
@@ -146,13 +146,13 @@ QByteArray InstanceChannel::answer(const QByteArray& requestLine) const
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(requestLine, &error);
     if (error.error != QJsonParseError::NoError || !document.isObject()) {
-        return line(failure(QStringLiteral("not a JSON object"))).chopped(1);
+        return line(failure(tr("not a JSON object"))).chopped(1);
     }
     const QJsonObject request = document.object();
     const QString command = request.value(QStringLiteral("command")).toString();
     const auto handler = m_commands.constFind(command);
     if (handler == m_commands.constEnd()) {
-        return line(failure(QStringLiteral("unknown command: ") + command)).chopped(1);
+        return line(failure(tr("unknown command: %1").arg(command))).chopped(1);
     }
     QJsonObject reply = (*handler)(request);
     if (!reply.contains(QStringLiteral("ok"))) {

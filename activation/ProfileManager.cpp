@@ -417,8 +417,7 @@ bool ProfileManager::applyGlobally(const GitProfile& requested, QString* error)
                 readStoredChanges();
             }
             if (wasListed && !listed(requested.id)) {
-                note(QStringLiteral("\"%1\" was removed meanwhile; nothing was changed")
-                         .arg(requested.name));
+                note(tr("\"%1\" was removed meanwhile; nothing was changed").arg(requested.name));
                 return false;
             }
             // What another process saved for this profile meanwhile is what gets applied; two

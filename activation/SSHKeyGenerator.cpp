@@ -52,7 +52,7 @@ SSHKeyGenerator::Result SSHKeyGenerator::generate(const Request& request, const 
     if (!process.waitForStarted(-1)) {
         result.outcome = Outcome::NotStarted;
         result.error = process.errorString();
-        const QByteArray line = (launchFailurePrefix() + result.error + u'\n').toUtf8();
+        const QByteArray line = (launchFailure(result.error) + u'\n').toUtf8();
         std::fputs(line.constData(), stdout);
         std::fflush(stdout);
         return result;

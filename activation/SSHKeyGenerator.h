@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -36,8 +37,12 @@ public:
     // The comment of a key made for a profile without an e-mail address.
     static QString placeholderComment() { return QStringLiteral("you@example.com"); }
     static QString defaultFileName() { return QStringLiteral("id_ed25519"); }
-    // What a failed start prints on standard output, before the error's description.
-    static QString launchFailurePrefix() { return QStringLiteral("Failed to generate SSH key: "); }
+    // What a failed start prints on standard output: the sentence with the error's description.
+    static QString launchFailure(const QString& error)
+    {
+        return QCoreApplication::translate("SSHKeyGenerator", "Failed to generate SSH key: %1")
+            .arg(error);
+    }
 
     static QString fileName(const Request& request);
     static QString comment(const Request& request);

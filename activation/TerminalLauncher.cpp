@@ -8,6 +8,7 @@
 #include "activation/ShellQuote.h"
 #include "model/HomePath.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -51,7 +52,6 @@ QString TerminalLauncher::commandLine(const GitProfile& profile, const QString& 
     const auto shown = [](const QString& text) {
         return escapedQuotes(QString(text).replace(u'\\', QStringLiteral("\\\\")));
     };
-    const QString d = shown(profile.name);
     const QString key = HomePath::expandTilde(profile.sshKeyPath);
 
     QString exports = QStringLiteral("export GIT_AUTHOR_NAME=\"") + n +
@@ -71,11 +71,21 @@ QString TerminalLauncher::commandLine(const GitProfile& profile, const QString& 
     }
 
     // "\\033" is the four characters \033: echo turns them into the escape character, which
-    // makes the first line bold and green. U+2713 is a check mark.
-    const QString greeting = QStringLiteral("echo \"\\033[1;32m\u2713 Git profile: ") + d +
-                             QStringLiteral("\\033[0m\"; echo \"  Name:  ") +
-                             shown(profile.gitName) + QStringLiteral("\"; echo \"  Email: ") +
-                             shown(profile.gitEmail) + QStringLiteral("\"; echo \"\"");
+    // makes the first line bold and green. U+2713 is a check mark. The lines are escaped whole,
+    // translation included, so no text of theirs can end the quotes they stand in.
+    const auto say = [&shown](const char* line, const QString& value) {
+        return shown(QCoreApplication::translate("TerminalLauncher", line).arg(value));
+    };
+    const QString greeting =
+        QStringLiteral("echo \"\\033[1;32m\u2713 ") +
+        say(QT_TRANSLATE_NOOP("TerminalLauncher", "Git profile: %1"), profile.name) +
+        QStringLiteral("\\033[0m\"; echo \"") +
+        //: Keep the values of the two lines in one column.
+        say(QT_TRANSLATE_NOOP("TerminalLauncher", "  Name:  %1"), profile.gitName) +
+        QStringLiteral("\"; echo \"") +
+        //: Keep the values of the two lines in one column.
+        say(QT_TRANSLATE_NOOP("TerminalLauncher", "  Email: %1"), profile.gitEmail) +
+        QStringLiteral("\"; echo \"\"");
 
     return exports + u' ' + greeting;
 }

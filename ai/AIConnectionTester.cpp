@@ -3,6 +3,7 @@
 
 #include "ai/AIConnectionTester.h"
 
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -101,7 +102,7 @@ std::optional<Verdict> judge(const QNetworkReply& reply, const AIProviderFacts& 
         return std::nullopt;
     }
     if (status == 200) {
-        return Verdict{true, QString::fromUtf8(facts.successMessage)};
+        return Verdict{true, QCoreApplication::translate("AIProviders", facts.successMessage)};
     }
     if (facts.localServer) {
         return Verdict{false, AIConnectionTester::localFailureMessage()};

@@ -66,9 +66,8 @@ int KivoraApp::main(int argc, char** argv)
         }
         QTextStream(stderr) << "kivora-app: "
                             << (answer.kind == InstanceChannel::Answer::Kind::NoAnswer
-                                    ? QStringLiteral("another instance holds the socket but does "
-                                                     "not answer")
-                                    : QStringLiteral("cannot open its socket: ") + why)
+                                    ? tr("another instance holds the socket but does not answer")
+                                    : tr("cannot open its socket: %1").arg(why))
                             << Qt::endl;
         return 1;
     }
@@ -239,9 +238,9 @@ void KivoraApp::registerCommands(InstanceChannel& channel)
             arguments << argument.toString();
         }
         if (!KivoraCli::changesProfiles(arguments.value(1))) {
-            return QJsonObject{{QStringLiteral("ok"), false},
-                               {QStringLiteral("error"),
-                                QStringLiteral("only commands that change profiles are taken")}};
+            return QJsonObject{
+                {QStringLiteral("ok"), false},
+                {QStringLiteral("error"), tr("only commands that change profiles are taken")}};
         }
         QString input = request.value(QStringLiteral("input")).toString();
         QString out;

@@ -78,8 +78,11 @@ int GuardCommand::on()
     if (!guard.enable(&error)) {
         return fail(error);
     }
-    m_out << (wasOn ? "The guard was already on" : "The guard is on")
-          << ": commits in a folder or repository with a rule must carry the rule's identity.\n";
+    m_out << (wasOn ? tr("The guard was already on: commits in a folder or repository with a rule "
+                         "must carry the rule's identity.")
+                    : tr("The guard is on: commits in a folder or repository with a rule must "
+                         "carry the rule's identity."))
+          << "\n";
     return 0;
 }
 
@@ -87,15 +90,16 @@ int GuardCommand::off()
 {
     CommitGuard guard(m_home, m_programs, m_kivora);
     if (guard.state() == CommitGuard::State::other) {
-        m_out << "The guard is off; core.hooksPath is yours (" << guard.globalHooksPath()
-              << ") and stays.\n";
+        m_out << tr("The guard is off; core.hooksPath is yours (%1) and stays.")
+                     .arg(guard.globalHooksPath())
+              << "\n";
         return 0;
     }
     QString error;
     if (!guard.disable(&error)) {
         return fail(error);
     }
-    m_out << "The guard is off.\n";
+    m_out << tr("The guard is off.") << "\n";
     return 0;
 }
 
@@ -104,28 +108,31 @@ int GuardCommand::status(const QString& folder)
     CommitGuard guard(m_home, m_programs, m_kivora);
     switch (guard.state()) {
     case CommitGuard::State::on:
-        m_out << "The guard is on (core.hooksPath is " << guard.hooksFolder() << ").\n";
+        m_out << tr("The guard is on (core.hooksPath is %1).").arg(guard.hooksFolder()) << "\n";
         break;
     case CommitGuard::State::off:
-        m_out << "The guard is off.\n";
+        m_out << tr("The guard is off.") << "\n";
         break;
     case CommitGuard::State::other:
-        m_out << "The guard is off: core.hooksPath names a folder of yours ("
-              << guard.globalHooksPath() << ").\n";
+        m_out << tr("The guard is off: core.hooksPath names a folder of yours (%1).")
+                     .arg(guard.globalHooksPath())
+              << "\n";
         break;
     }
     if (folder.isEmpty()) {
         return 0;
     }
     if (!QFileInfo(folder).isDir()) {
-        return fail(QStringLiteral("%1 is not a folder.").arg(folder));
+        return fail(tr("%1 is not a folder.").arg(folder));
     }
     if (const auto own = guard.repositoryHooksPath(folder)) {
-        m_out << QDir(folder).absolutePath() << " runs its own hooks from " << *own
-              << " (core.hooksPath of the repository), so the guard does not check it.\n";
+        m_out << tr("%1 runs its own hooks from %2 (core.hooksPath of the repository), so the "
+                    "guard does not check it.")
+                     .arg(QDir(folder).absolutePath(), *own)
+              << "\n";
         return 1;
     }
-    m_out << QDir(folder).absolutePath() << " is checked while the guard is on.\n";
+    m_out << tr("%1 is checked while the guard is on.").arg(QDir(folder).absolutePath()) << "\n";
     return 0;
 }
 
@@ -167,15 +174,19 @@ int GuardCommand::check()
     }
     const QString ruleText =
         QStringLiteral("%1 %2").arg(IdentityRule::kindText(rule.kind), rule.pattern);
-    m_err << "kivora: this commit is refused: the rule \"" << ruleText << "\" gives this "
-          << "repository the identity of " << expected->name << ", " << wanted.text()
-          << ", but git would record\n"
-          << "  author:    " << (authorIdent ? authorIdent->text() : QStringLiteral("(none)"))
-          << "\n"
-          << "  committer: " << (committerIdent ? committerIdent->text() : QStringLiteral("(none)"))
-          << "\n"
-          << "See which identity git uses here, and why: kivora which\n"
-          << "Commit anyway with: git commit --no-verify\n";
+    const QString none = tr("(none)");
+    //: The identities line up after "author:" and "committer:".
+    m_err << "kivora: "
+          << tr("this commit is refused: the rule \"%1\" gives this repository the identity of "
+                "%2, %3, but git would record\n"
+                "  author:    %4\n"
+                "  committer: %5\n"
+                "See which identity git uses here, and why: kivora which\n"
+                "Commit anyway with: git commit --no-verify")
+                 .arg(ruleText, expected->name, wanted.text(),
+                      authorIdent ? authorIdent->text() : none,
+                      committerIdent ? committerIdent->text() : none)
+          << "\n";
     m_err.flush();
     return 1;
 }

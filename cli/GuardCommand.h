@@ -6,6 +6,7 @@
 #include "activation/CommandRunner.h"
 #include "model/GitProfile.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,8 @@
 // commit in a repository that a rule governs when the identity git is about to record is not
 // the rule's profile.
 class GuardCommand {
+    Q_DECLARE_TR_FUNCTIONS(GuardCommand)
+
 public:
     // The hooks run `kivoraProgram guard check`. `profiles` is only asked for when a rule
     // governs the repository, so a commit elsewhere reads no profile file.

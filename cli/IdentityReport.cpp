@@ -6,6 +6,7 @@
 #include "activation/RuleSync.h"
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -73,14 +74,14 @@ std::optional<IdentityReport> IdentityReport::probe(const QString& home, const Q
                                                     const IdentityRules& rules, QString* error)
 {
     if (!QFileInfo(dir).isDir()) {
-        *error = QStringLiteral("%1 is not a folder").arg(dir);
+        *error = QCoreApplication::translate("IdentityReport", "%1 is not a folder").arg(dir);
         return std::nullopt;
     }
     // "Name <email> time zone": the identity git would write as author here, environment
     // variables included.
     const GitRun ident = git(dir, {QStringLiteral("var"), QStringLiteral("GIT_AUTHOR_IDENT")});
     if (ident.status < 0) {
-        *error = QStringLiteral("git could not be started");
+        *error = QCoreApplication::translate("IdentityReport", "git could not be started");
         return std::nullopt;
     }
     IdentityReport report;

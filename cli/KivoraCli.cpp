@@ -62,7 +62,7 @@ QString printable(const QString& text)
 QString aiSummary(const AIConfig& ai)
 {
     if (!ai.isEnabled || !ai.isConfigured()) {
-        return QStringLiteral("Not configured");
+        return QCoreApplication::translate("KivoraCli", "Not configured");
     }
     return QStringLiteral("%1 (%2)").arg(ai.providerName(), printable(ai.model));
 }
@@ -111,7 +111,7 @@ int KivoraCli::run()
         const QString topic = args.value(1);
         const QString text = topic.isEmpty() ? HelpText::overview() : HelpText::forCommand(topic);
         if (text.isEmpty()) {
-            return fail(QStringLiteral("there is no command \"%1\"; see kivora --help.").arg(topic),
+            return fail(tr("there is no command \"%1\"; see kivora --help.").arg(topic),
                         UsageError);
         }
         m_out << text;
@@ -153,11 +153,9 @@ int KivoraCli::run()
         }
     }
     if (command.startsWith(u'-')) {
-        return fail(QStringLiteral("unknown option \"%1\"; see kivora --help.").arg(command),
-                    UsageError);
+        return fail(tr("unknown option \"%1\"; see kivora --help.").arg(command), UsageError);
     }
-    return fail(QStringLiteral("unknown command \"%1\"; see kivora --help.").arg(command),
-                UsageError);
+    return fail(tr("unknown command \"%1\"; see kivora --help.").arg(command), UsageError);
 }
 
 bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const QStringList& args,
@@ -174,8 +172,7 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
         if (!error.isEmpty()) {
             error[0] = error[0].toLower();
         }
-        m_status =
-            fail(QStringLiteral("%1; see kivora %2 --help.").arg(error, command), UsageError);
+        m_status = fail(tr("%1; see kivora %2 --help.").arg(error, command), UsageError);
         return false;
     }
     if (parser.isSet(help)) {
@@ -185,12 +182,11 @@ bool KivoraCli::parse(QCommandLineParser& parser, const QString& command, const 
     }
     const qsizetype given = parser.positionalArguments().size();
     if (given < positionals || given > positionals + optionalPositionals) {
-        const QString usage = HelpText::forCommand(command).section(u'\n', 0, 0).mid(7);
-        m_status =
-            fail(given < positionals
-                     ? QStringLiteral("%1 is missing an argument; usage: %2.").arg(command, usage)
-                     : QStringLiteral("%1 takes no more arguments than: %2.").arg(command, usage),
-                 UsageError);
+        const QString usage = HelpText::synopsis(command);
+        m_status = fail(given < positionals
+                            ? tr("%1 is missing an argument; usage: %2.").arg(command, usage)
+                            : tr("%1 takes no more arguments than: %2.").arg(command, usage),
+                        UsageError);
         return false;
     }
     return true;
@@ -214,14 +210,17 @@ ProfileManager& KivoraCli::manager(bool withGlobalIdentity)
         m_manager = std::make_unique<ProfileManager>(*m_aiContext, options);
         if (m_manager->startedFresh() && !m_manager->preservedFilePath().isEmpty()) {
             // The reason may quote a value of the file, line ends and all: shown escaped.
-            m_err << "kivora: " << printable(m_manager->loadError()) << "; it was kept as "
-                  << m_manager->preservedFilePath() << " and new profiles were set up.\n";
+            m_err << "kivora: "
+                  << tr("%1; it was kept as %2 and new profiles were set up.")
+                         .arg(printable(m_manager->loadError()), m_manager->preservedFilePath())
+                  << "\n";
             m_err.flush();
         }
         // A command that changes profiles says so itself when it cannot save them.
         if (!m_manager->setupSaveError().isEmpty() && !changesProfiles(m_command)) {
-            m_err << "kivora: " << m_manager->setupSaveError()
-                  << "; the profiles shown are not saved.\n";
+            m_err << "kivora: "
+                  << tr("%1; the profiles shown are not saved.").arg(m_manager->setupSaveError())
+                  << "\n";
             m_err.flush();
         }
     }
@@ -272,22 +271,25 @@ std::optional<int> KivoraCli::handOn(const QString& command, const QStringList& 
     case InstanceChannel::Answer::Kind::NotRunning:
         return std::nullopt;
     case InstanceChannel::Answer::Kind::Foreign:
-        m_err << "kivora: the socket " << InstanceChannel::socketPath()
-              << " belongs to a process of another user, not to your Kivora; it was left alone.\n";
+        m_err << "kivora: "
+              << tr("the socket %1 belongs to a process of another user, not to your Kivora; it "
+                    "was left alone.")
+                     .arg(InstanceChannel::socketPath())
+              << "\n";
         m_err.flush();
         return std::nullopt;
     case InstanceChannel::Answer::Kind::NoAnswer:
         // The application may have made the change, or may still make it: doing it here too
         // could make it twice.
-        return fail(QStringLiteral("the running Kivora did not answer within %1 seconds; the "
-                                   "change was not made here, see kivora list for what it did.")
-                        .arg(seconds));
+        return fail(tr("the running Kivora did not answer within %n second(s); the change was "
+                       "not made here, see kivora list for what it did.",
+                       nullptr, seconds));
     case InstanceChannel::Answer::Kind::Answered:
         break;
     }
     const QJsonObject& reply = answer.reply;
     if (!reply.value(QStringLiteral("ok")).toBool()) {
-        return fail(QStringLiteral("the running Kivora did not take the command: %1.")
+        return fail(tr("the running Kivora did not take the command: %1.")
                         .arg(reply.value(QStringLiteral("error")).toString()));
     }
     m_out << reply.value(QStringLiteral("out")).toString();
@@ -322,12 +324,13 @@ int KivoraCli::startApplication()
             char* const argv[] = {const_cast<char*>(program.constData()), nullptr};
             ::execv(program.constData(), argv);
             return fail(
-                QStringLiteral("cannot start %1: %2.")
+                tr("cannot start %1: %2.")
                     .arg(info.canonicalFilePath(), QString::fromLocal8Bit(std::strerror(errno))));
         }
     }
-    return fail(QStringLiteral("the tray application is not installed; the commands work "
-                               "without it, see kivora --help."));
+    return fail(
+        tr("the tray application is not installed; the commands work without it, see kivora "
+           "--help."));
 }
 
 int KivoraCli::list(const QStringList& args)
@@ -353,7 +356,8 @@ int KivoraCli::list(const QStringList& args)
         return Success;
     }
     if (profiles.profiles().isEmpty()) {
-        m_out << "No profiles yet. Add one with: kivora add NAME --git-name N --git-email E\n";
+        m_out << tr("No profiles yet. Add one with: kivora add NAME --git-name N --git-email E")
+              << "\n";
         return Success;
     }
     qsizetype nameWidth = 0;
@@ -367,10 +371,10 @@ int KivoraCli::list(const QStringList& args)
                            .arg(QString(active == p.id ? u'*' : u' '))
                            .arg(printable(p.name), -int(nameWidth))
                            .arg(identity(p.gitName, p.gitEmail), -int(identityWidth));
-        line += QStringLiteral("  %1").arg(p.sshKeyPath.isEmpty() ? QStringLiteral("no key")
+        line += QStringLiteral("  %1").arg(p.sshKeyPath.isEmpty() ? tr("no key")
                                                                   : printable(p.sshKeyPath));
         if (p.aiConfig.isEnabled && p.aiConfig.isConfigured()) {
-            line += QStringLiteral("  AI: ") + aiSummary(p.aiConfig);
+            line += QStringLiteral("  %1").arg(tr("AI: %1").arg(aiSummary(p.aiConfig)));
         }
         while (line.endsWith(u' ')) {
             line.chop(1);
@@ -401,20 +405,27 @@ int KivoraCli::current(const QStringList& args)
         return Success;
     }
     const auto orNotSet = [](const QString& text) {
-        return text.isEmpty() ? QStringLiteral("(not set)") : printable(text);
+        return text.isEmpty() ? tr("(not set)") : printable(text);
     };
-    m_out << "Profile:    " << (profile ? printable(profile->name) : QStringLiteral("none"))
-          << "\n";
-    m_out << "Git name:   " << orNotSet(global.name) << "\n";
-    m_out << "Git email:  " << orNotSet(global.email) << "\n";
+    // The labels' padding lines the values up in one column.
+    //: Keep the values of kivora current in one column.
+    m_out << tr("Profile:    %1").arg(profile ? printable(profile->name) : tr("none")) << "\n";
+    //: Keep the values of kivora current in one column.
+    m_out << tr("Git name:   %1").arg(orNotSet(global.name)) << "\n";
+    //: Keep the values of kivora current in one column.
+    m_out << tr("Git email:  %1").arg(orNotSet(global.email)) << "\n";
     if (profile) {
-        m_out << "SSH key:    "
-              << (profile->sshKeyPath.isEmpty() ? QStringLiteral("none")
-                                                : printable(profile->sshKeyPath))
+        //: Keep the values of kivora current in one column.
+        m_out << tr("SSH key:    %1")
+                     .arg(profile->sshKeyPath.isEmpty() ? tr("none")
+                                                        : printable(profile->sshKeyPath))
               << "\n";
     }
-    m_out << "AI:         "
-          << (profile ? aiSummary(profile->aiConfig) : QStringLiteral("Not configured")) << "\n";
+    //: Keep the values of kivora current in one column.
+    m_out << tr("AI:         %1")
+                 .arg(profile ? aiSummary(profile->aiConfig)
+                              : QCoreApplication::translate("KivoraCli", "Not configured"))
+          << "\n";
     return Success;
 }
 
@@ -436,12 +447,14 @@ int KivoraCli::use(const QStringList& args)
     // git may also be missing, or leave the values to a file it includes that says otherwise.
     if (profiles.globalGitName() != profile->gitName.trimmed() ||
         profiles.globalGitEmail() != profile->gitEmail.trimmed()) {
-        return fail(QStringLiteral("git did not take the new identity (it reports %1); is git "
-                                   "installed and ~/.gitconfig writable?")
+        return fail(tr("git did not take the new identity (it reports %1); is git installed "
+                       "and ~/.gitconfig writable?")
                         .arg(identity(profiles.globalGitName(), profiles.globalGitEmail())));
     }
-    m_out << "Switched to " << printable(profile->name) << ": "
-          << identity(profiles.globalGitName(), profiles.globalGitEmail()) << "\n";
+    m_out << tr("Switched to %1: %2")
+                 .arg(printable(profile->name),
+                      identity(profiles.globalGitName(), profiles.globalGitEmail()))
+          << "\n";
     return Success;
 }
 
@@ -457,19 +470,18 @@ int KivoraCli::add(const QStringList& args)
     }
     const QString name = parser.positionalArguments().first();
     if (name.isEmpty()) {
-        return fail(QStringLiteral("the profile name is empty."), UsageError);
+        return fail(tr("the profile name is empty."), UsageError);
     }
     if (parser.value(gitName).isEmpty() || parser.value(gitEmail).isEmpty()) {
-        return fail(QStringLiteral("add needs a git name and e-mail: --git-name N --git-email E."),
-                    UsageError);
+        return fail(tr("add needs a git name and e-mail: --git-name N --git-email E."), UsageError);
     }
     QString why;
     const auto added = manager().addProfile(name, parser.value(gitName), parser.value(gitEmail),
                                             parser.value(sshKey), &why);
     if (!added) {
-        return fail(printable(why) + QStringLiteral("; nothing was added."));
+        return fail(tr("%1; nothing was added.").arg(printable(why)));
     }
-    m_out << "Added profile " << printable(added->name) << ".\n";
+    m_out << tr("Added profile %1.").arg(printable(added->name)) << "\n";
     return Success;
 }
 
@@ -497,16 +509,14 @@ int KivoraCli::edit(const QStringList& args)
     }
     for (const auto* required : {&name, &gitName, &gitEmail}) {
         if (parser.isSet(*required) && parser.value(*required).isEmpty()) {
-            return fail(QStringLiteral("--%1 cannot be empty.").arg(required->names().first()),
-                        UsageError);
+            return fail(tr("--%1 cannot be empty.").arg(required->names().first()), UsageError);
         }
     }
     std::optional<bool> aiEnabled;
     if (parser.isSet(ai)) {
         const QString value = parser.value(ai).toLower();
         if (value != QLatin1String("on") && value != QLatin1String("off")) {
-            return fail(QStringLiteral("--ai takes on or off, not \"%1\".").arg(parser.value(ai)),
-                        UsageError);
+            return fail(tr("--ai takes on or off, not \"%1\".").arg(parser.value(ai)), UsageError);
         }
         aiEnabled = value == QLatin1String("on");
     }
@@ -518,7 +528,7 @@ int KivoraCli::edit(const QStringList& args)
             for (AIProvider p : AIProviders::all()) {
                 known << u'"' + AIProviders::rawValue(p) + u'"';
             }
-            return fail(QStringLiteral("\"%1\" is not an AI provider; choose one of %2.")
+            return fail(tr("\"%1\" is not an AI provider; choose one of %2.")
                             .arg(parser.value(provider), known.join(QStringLiteral(", "))),
                         UsageError);
         }
@@ -527,14 +537,14 @@ int KivoraCli::edit(const QStringList& args)
     if (parser.isSet(signCommits)) {
         const QString value = parser.value(signCommits).toLower();
         if (value != QLatin1String("on") && value != QLatin1String("off")) {
-            return fail(QStringLiteral("--sign-commits takes on or off, not \"%1\".")
-                            .arg(parser.value(signCommits)),
-                        UsageError);
+            return fail(
+                tr("--sign-commits takes on or off, not \"%1\".").arg(parser.value(signCommits)),
+                UsageError);
         }
         signingOn = value == QLatin1String("on");
     }
     if (parser.isSet(signingKey) && parser.value(signingKey).isEmpty()) {
-        return fail(QStringLiteral("--signing-key needs a key, or none to remove it."), UsageError);
+        return fail(tr("--signing-key needs a key, or none to remove it."), UsageError);
     }
     auto profile = resolve(parser.positionalArguments().first());
     if (!profile) {
@@ -559,8 +569,7 @@ int KivoraCli::edit(const QStringList& args)
         }
         if (signingOn) {
             if (*signingOn && !signing) {
-                return fail(QStringLiteral("--sign-commits on needs a signing key: add "
-                                           "--signing-key KEY."),
+                return fail(tr("--sign-commits on needs a signing key: add --signing-key KEY."),
                             UsageError);
             }
             if (signing) {
@@ -570,8 +579,8 @@ int KivoraCli::edit(const QStringList& args)
         // A key git cannot read would make every commit fail, so it is refused here.
         if (signing && signing->format == SigningSettings::Format::ssh &&
             manager().commitSigning().publicKey(signing->key).isEmpty()) {
-            return fail(QStringLiteral("%1 is not a readable SSH public key (nor the private half "
-                                       "of one with its .pub beside it); nothing was saved.")
+            return fail(tr("%1 is not a readable SSH public key (nor the private half of one "
+                           "with its .pub beside it); nothing was saved.")
                             .arg(printable(signing->key)));
         }
     }
@@ -627,9 +636,9 @@ int KivoraCli::edit(const QStringList& args)
         case ProfileManager::Update::Saved:
             break;
         case ProfileManager::Update::Gone:
-            return fail(QStringLiteral("the profile is gone; nothing was saved."));
+            return fail(tr("the profile is gone; nothing was saved."));
         case ProfileManager::Update::Failed:
-            return fail(printable(why) + QStringLiteral("; nothing was saved."));
+            return fail(tr("%1; nothing was saved.").arg(printable(why)));
         }
     }
     const AIConfig& config = profile->aiConfig;
@@ -639,20 +648,22 @@ int KivoraCli::edit(const QStringList& args)
             return fail(error);
         }
     }
-    m_out << "Saved profile " << printable(profile->name) << ".\n";
+    m_out << tr("Saved profile %1.").arg(printable(profile->name)) << "\n";
     if (changesSigning) {
         m_out << (signing && signing->signs()
-                      ? QStringLiteral("Commits and tags are signed with %1 (%2).\n")
+                      ? tr("Commits and tags are signed with %1 (%2).")
                             .arg(printable(signing->key),
                                  SigningSettings::formatName(signing->format))
-                      : QStringLiteral("Commits are not signed.\n"));
+                      : tr("Commits are not signed."))
+              << "\n";
     }
     if (parser.isSet(keyStdin) && config.apiKey.isEmpty() && config.provider != AIProvider::Local) {
-        m_out << "The API key is empty, so its AI context stays off.\n";
+        m_out << tr("The API key is empty, so its AI context stays off.") << "\n";
     }
     if (changesProfile && manager().activeProfileID() == profile->id) {
-        m_out << "It is the active profile: run kivora use \"" << printable(profile->name)
-              << "\" to apply the changes.\n";
+        m_out << tr("It is the active profile: run kivora use \"%1\" to apply the changes.")
+                     .arg(printable(profile->name))
+              << "\n";
     }
     return Success;
 }
@@ -671,16 +682,16 @@ int KivoraCli::remove(const QStringList& args)
     }
     const auto deletion = manager().removeProfile(*profile, parser.isSet(deleteKey));
     if (!deletion.saved) {
-        return fail(printable(deletion.error) +
-                    QStringLiteral("; the profile and its key files were kept."));
+        return fail(
+            tr("%1; the profile and its key files were kept.").arg(printable(deletion.error)));
     }
-    m_out << "Removed profile " << printable(profile->name) << ".\n";
+    m_out << tr("Removed profile %1.").arg(printable(profile->name)) << "\n";
     for (const QString& file : deletion.removedKeyFiles) {
-        m_out << "Deleted " << printable(file) << "\n";
+        m_out << tr("Deleted %1").arg(printable(file)) << "\n";
     }
     if (parser.isSet(deleteKey) && !profile->sshKeyPath.isEmpty() &&
         deletion.removedKeyFiles.size() + deletion.refusedKeyFiles.size() < 2) {
-        m_out << "Not every key file was there to delete.\n";
+        m_out << tr("Not every key file was there to delete.") << "\n";
     }
     // Only a regular file inside ~/.ssh is ever deleted; the profile is gone either way, but
     // a key file that was asked for and kept is a failure the user must hear about.
@@ -704,12 +715,11 @@ int KivoraCli::exportProfiles(const QStringList& args)
     }
     const QString file = parser.positionalArguments().first();
     if (!AtomicFile::write(file, json, AtomicFile::privateFile)) {
-        return fail(QStringLiteral("cannot write %1.").arg(file));
+        return fail(tr("cannot write %1.").arg(file));
     }
-    m_out << QCoreApplication::translate("KivoraCli", "Exported %n profile(s) to %1.", nullptr,
-                                         int(manager().profiles().size()))
-                 .arg(file)
-          << "\n";
+    m_out
+        << tr("Exported %n profile(s) to %1.", nullptr, int(manager().profiles().size())).arg(file)
+        << "\n";
     return Success;
 }
 
@@ -724,22 +734,19 @@ int KivoraCli::importProfiles(const QStringList& args)
     RegularFileReader reader;
     const auto bytes = reader.read(path);
     if (!bytes) {
-        return fail(QStringLiteral("cannot read %1: %2; nothing was imported.")
-                        .arg(printable(path), reader.error()));
+        return fail(
+            tr("cannot read %1: %2; nothing was imported.").arg(printable(path), reader.error()));
     }
     QString why;
     const auto profiles = ProfileCodec::decodeProfileArray(*bytes, &why);
     if (!profiles) {
-        return fail(QStringLiteral("%1 is not a profile export (%2); nothing was imported.")
-                        .arg(path, why));
+        return fail(tr("%1 is not a profile export (%2); nothing was imported.").arg(path, why));
     }
     // One save for the whole file: a kill or a full disk leaves all of it or none.
     if (!manager().addProfiles(*profiles, &why)) {
-        return fail(printable(why) + QStringLiteral("; nothing was imported."));
+        return fail(tr("%1; nothing was imported.").arg(printable(why)));
     }
-    m_out << QCoreApplication::translate("KivoraCli", "Imported %n profile(s).", nullptr,
-                                         int(profiles->size()))
-          << "\n";
+    m_out << tr("Imported %n profile(s).", nullptr, int(profiles->size())) << "\n";
     return Success;
 }
 
@@ -767,11 +774,12 @@ int KivoraCli::terminal(const QStringList& args)
     }
     const auto launch = TerminalLauncher(manager().home()).open(*profile);
     if (!launch) {
-        return fail(QStringLiteral("no terminal emulator could be started; set TERMINAL to one "
-                                   "(see kivora terminal --help)."));
+        return fail(tr("no terminal emulator could be started; set TERMINAL to one (see kivora "
+                       "terminal --help)."));
     }
-    m_out << "Opened " << QFileInfo(launch->program).fileName() << " for "
-          << printable(profile->name) << ".\n";
+    m_out << tr("Opened %1 for %2.")
+                 .arg(QFileInfo(launch->program).fileName(), printable(profile->name))
+          << "\n";
     return Success;
 }
 
@@ -788,17 +796,18 @@ int KivoraCli::checkUpdates(const QStringList& args)
     loop.exec();
     switch (updater.state()) {
     case Updater::State::UpToDate:
-        m_out << "Kivora " << updater.currentVersion() << " is up to date.\n";
+        m_out << tr("Kivora %1 is up to date.").arg(updater.currentVersion()) << "\n";
         return Success;
     case Updater::State::UpdateFound:
-        m_out << "Kivora " << updater.availableVersion() << " is available (you have "
-              << updater.currentVersion() << ").\n";
+        m_out << tr("Kivora %1 is available (you have %2).")
+                     .arg(updater.availableVersion(), updater.currentVersion())
+              << "\n";
         if (!updater.downloadUrl().isEmpty()) {
-            m_out << "Download: " << updater.downloadUrl().toString() << "\n";
+            m_out << tr("Download: %1").arg(updater.downloadUrl().toString()) << "\n";
         }
         return Success;
     default:
-        return fail(updater.errorMessage().isEmpty() ? QStringLiteral("the update check failed.")
+        return fail(updater.errorMessage().isEmpty() ? tr("the update check failed.")
                                                      : updater.errorMessage());
     }
 }
@@ -812,17 +821,16 @@ int KivoraCli::autostart(const QStringList& args)
     const QString choice = parser.positionalArguments().first();
     if (choice == QLatin1String("on") || choice == QLatin1String("off")) {
         if (!Autostart::setEnabled(choice == QLatin1String("on"))) {
-            return fail(QStringLiteral("cannot %1 %2.")
-                            .arg(choice == QLatin1String("on") ? QStringLiteral("write")
-                                                               : QStringLiteral("remove"),
-                                 Autostart::path()));
+            return fail(
+                (choice == QLatin1String("on") ? tr("cannot write %1.") : tr("cannot remove %1."))
+                    .arg(Autostart::path()));
         }
     } else if (choice != QLatin1String("status")) {
-        return fail(QStringLiteral("autostart takes on, off or status, not \"%1\".").arg(choice),
-                    UsageError);
+        return fail(tr("autostart takes on, off or status, not \"%1\".").arg(choice), UsageError);
     }
-    m_out << (Autostart::isEnabled() ? "Kivora starts at login.\n"
-                                     : "Kivora does not start at login.\n");
+    m_out << (Autostart::isEnabled() ? tr("Kivora starts at login.")
+                                     : tr("Kivora does not start at login."))
+          << "\n";
     return Success;
 }
 
@@ -849,7 +857,7 @@ int KivoraCli::testAI(const QStringList& args)
         loop.exec();
     }
     if (!verdict) {
-        return fail(QStringLiteral("the provider gave no answer."));
+        return fail(tr("the provider gave no answer."));
     }
     if (!verdict->first) {
         return fail(verdict->second +
@@ -888,12 +896,11 @@ int KivoraCli::guard(const QStringList& args)
     if (action == QLatin1String("check")) {
         return command.check();
     }
-    return fail(action.isEmpty()
-                    ? QStringLiteral("guard needs on, off or status; see kivora guard --help.")
-                    : QStringLiteral("guard takes on, off or status, not \"%1\"; see kivora "
-                                     "guard --help.")
-                          .arg(action),
-                UsageError);
+    return fail(
+        action.isEmpty()
+            ? tr("guard needs on, off or status; see kivora guard --help.")
+            : tr("guard takes on, off or status, not \"%1\"; see kivora guard --help.").arg(action),
+        UsageError);
 }
 
 int KivoraCli::rule(const QStringList& args)
@@ -921,7 +928,7 @@ int KivoraCli::rule(const QStringList& args)
             return Success;
         }
         if (rules->isEmpty()) {
-            m_out << "No rules yet. Add one with: kivora rule add PROFILE --dir PATH\n";
+            m_out << tr("No rules yet. Add one with: kivora rule add PROFILE --dir PATH") << "\n";
             return Success;
         }
         qsizetype width = 0;
@@ -945,10 +952,10 @@ int KivoraCli::rule(const QStringList& args)
     }
     if (action != QLatin1String("add") && action != QLatin1String("remove")) {
         return fail(action.isEmpty()
-                        ? QStringLiteral("rule needs add, remove, list, export or import; see "
-                                         "kivora rule --help.")
-                        : QStringLiteral("rule takes add, remove, list, export or import, not "
-                                         "\"%1\"; see kivora rule --help.")
+                        ? tr("rule needs add, remove, list, export or import; see kivora "
+                             "rule --help.")
+                        : tr("rule takes add, remove, list, export or import, not \"%1\"; see "
+                             "kivora rule --help.")
                               .arg(action),
                     UsageError);
     }
@@ -961,24 +968,23 @@ int KivoraCli::rule(const QStringList& args)
         return m_status;
     }
     if (parser.isSet(dir) == parser.isSet(remote)) {
-        return fail(QStringLiteral("%1 takes one of --dir PATH or --remote PATTERN.").arg(command),
-                    UsageError);
+        return fail(tr("%1 takes one of --dir PATH or --remote PATTERN.").arg(command), UsageError);
     }
     IdentityRule wanted;
     if (parser.isSet(dir)) {
         wanted.kind = IdentityRule::Kind::Dir;
         wanted.pattern = RuleSync::normalizedDir(parser.value(dir), QDir::currentPath());
         if (wanted.pattern.isEmpty()) {
-            return fail(QStringLiteral("\"%1\" cannot name a folder in a rule.")
-                            .arg(printable(parser.value(dir))),
-                        UsageError);
+            return fail(
+                tr("\"%1\" cannot name a folder in a rule.").arg(printable(parser.value(dir))),
+                UsageError);
         }
     } else {
         wanted.kind = IdentityRule::Kind::Remote;
         wanted.pattern = parser.value(remote);
         if (wanted.pattern.isEmpty() || wanted.pattern.contains(u'\n') ||
             wanted.pattern.contains(u'\r')) {
-            return fail(QStringLiteral("the remote pattern must be one line of text."), UsageError);
+            return fail(tr("the remote pattern must be one line of text."), UsageError);
         }
     }
     const auto profile = resolve(parser.positionalArguments().first());
@@ -990,18 +996,13 @@ int KivoraCli::rule(const QStringList& args)
     QString error;
     auto rules = sync.rules(&error);
     if (!rules) {
-        return fail(error + QStringLiteral("; nothing was changed."));
+        return fail(tr("%1; nothing was changed.").arg(error));
     }
     const bool existed = rules->removeAll(wanted) > 0;
-    const QString what =
-        wanted.kind == IdentityRule::Kind::Dir
-            ? QStringLiteral("Repositories under %1").arg(printable(wanted.pattern))
-            : QStringLiteral("Repositories with a remote matching %1")
-                  .arg(printable(wanted.pattern));
     if (action == QLatin1String("remove")) {
         if (!existed) {
-            return fail(QStringLiteral("%1 has no such rule; see kivora rule list.")
-                            .arg(printable(profile->name)));
+            return fail(
+                tr("%1 has no such rule; see kivora rule list.").arg(printable(profile->name)));
         }
     } else {
         // Added again, a rule moves to the end, where it wins over the others.
@@ -1010,11 +1011,16 @@ int KivoraCli::rule(const QStringList& args)
     if (!sync.apply(*rules, manager().profiles(), &error)) {
         return fail(error + u'.');
     }
+    const bool byFolder = wanted.kind == IdentityRule::Kind::Dir;
+    QString done;
     if (action == QLatin1String("remove")) {
-        m_out << what << " no longer use " << printable(profile->name) << ".\n";
+        done = byFolder ? tr("Repositories under %1 no longer use %2.")
+                        : tr("Repositories with a remote matching %1 no longer use %2.");
     } else {
-        m_out << what << " use " << printable(profile->name) << ".\n";
+        done = byFolder ? tr("Repositories under %1 use %2.")
+                        : tr("Repositories with a remote matching %1 use %2.");
     }
+    m_out << done.arg(printable(wanted.pattern), printable(profile->name)) << "\n";
     return Success;
 }
 
@@ -1045,35 +1051,39 @@ int KivoraCli::which(const QStringList& args)
         return Success;
     }
     const auto orNotSet = [](const QString& text) {
-        return text.isEmpty() ? QStringLiteral("(not set)") : printable(text);
+        return text.isEmpty() ? tr("(not set)") : printable(text);
     };
-    m_out << "Git name:     " << orNotSet(report->gitName) << "\n";
-    m_out << "Git email:    " << orNotSet(report->gitEmail) << "\n";
-    m_out << "SSH command:  "
-          << (report->sshCommand ? printable(*report->sshCommand) : QStringLiteral("(not set)"))
+    //: Keep the values of kivora which in one column.
+    m_out << tr("Git name:     %1").arg(orNotSet(report->gitName)) << "\n";
+    //: Keep the values of kivora which in one column.
+    m_out << tr("Git email:    %1").arg(orNotSet(report->gitEmail)) << "\n";
+    //: Keep the values of kivora which in one column.
+    m_out << tr("SSH command:  %1")
+                 .arg(report->sshCommand ? printable(*report->sshCommand) : tr("(not set)"))
           << "\n";
-    m_out << "Profile:      "
-          << (report->profile ? printable(report->profile->name) : QStringLiteral("none")) << "\n";
+    //: Keep the values of kivora which in one column.
+    m_out << tr("Profile:      %1")
+                 .arg(report->profile ? printable(report->profile->name) : tr("none"))
+          << "\n";
     QString why;
     switch (report->source) {
     case IdentityReport::Source::Rule:
-        why =
-            report->rule->kind == IdentityRule::Kind::Dir
-                ? QStringLiteral("rule: repositories under %1")
-                      .arg(printable(report->rule->pattern))
-                : QStringLiteral("rule: a remote matches %1").arg(printable(report->rule->pattern));
+        why = report->rule->kind == IdentityRule::Kind::Dir
+                  ? tr("rule: repositories under %1").arg(printable(report->rule->pattern))
+                  : tr("rule: a remote matches %1").arg(printable(report->rule->pattern));
         break;
     case IdentityReport::Source::Repository:
-        why = QStringLiteral("repository: its own configuration sets the identity");
+        why = tr("repository: its own configuration sets the identity");
         break;
     case IdentityReport::Source::Environment:
-        why = QStringLiteral("environment: GIT_AUTHOR_* or GIT_COMMITTER_* is set");
+        why = tr("environment: GIT_AUTHOR_* or GIT_COMMITTER_* is set");
         break;
     case IdentityReport::Source::Global:
-        why = QStringLiteral("global: no rule applies here");
+        why = tr("global: no rule applies here");
         break;
     }
-    m_out << "Source:       " << why << "\n";
+    //: Keep the values of kivora which in one column.
+    m_out << tr("Source:       %1").arg(why) << "\n";
     return Success;
 }
 
@@ -1103,11 +1113,13 @@ int KivoraCli::clone(const QStringList& args)
             arguments << QStringLiteral("-c")
                       << QStringLiteral("core.sshCommand=") + sync.sshCommand(*profile);
         }
-        m_out << "Cloning as " << printable(profile->name) << ": "
-              << identity(profile->gitName, profile->gitEmail) << "\n";
+        m_out << tr("Cloning as %1: %2")
+                     .arg(printable(profile->name), identity(profile->gitName, profile->gitEmail))
+              << "\n";
     } else {
-        m_out << "No remote rule matches " << printable(url)
-              << "; cloning with the global identity.\n";
+        m_out << tr("No remote rule matches %1; cloning with the global identity.")
+                     .arg(printable(url))
+              << "\n";
     }
     m_out.flush();
     arguments << QStringLiteral("clone") << QStringLiteral("--") << url;
@@ -1116,7 +1128,7 @@ int KivoraCli::clone(const QStringList& args)
     }
     const int status = profiles.runner().execute(QStringLiteral("/usr/bin/env"), arguments);
     if (status != 0) {
-        return fail(QStringLiteral("git clone did not succeed."));
+        return fail(tr("git clone did not succeed."));
     }
     return Success;
 }
@@ -1143,22 +1155,19 @@ int KivoraCli::transferRules(const QString& action, const QStringList& args)
         }
         const QString file = parser.positionalArguments().first();
         if (!AtomicFile::write(file, json, AtomicFile::privateFile)) {
-            return fail(QStringLiteral("cannot write %1.").arg(file));
+            return fail(tr("cannot write %1.").arg(file));
         }
-        m_out << QCoreApplication::translate("KivoraCli", "Exported %n rule(s) to %1.", nullptr,
-                                             int(rules->size()))
-                     .arg(file)
-              << "\n";
+        m_out << tr("Exported %n rule(s) to %1.", nullptr, int(rules->size())).arg(file) << "\n";
         return Success;
     }
     const QString path = parser.positionalArguments().first();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return fail(QStringLiteral("cannot read %1: %2.").arg(path, file.errorString()));
+        return fail(tr("cannot read %1: %2.").arg(path, file.errorString()));
     }
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
     if (!document.isArray()) {
-        return fail(QStringLiteral("%1 is not a rule export; nothing was imported.").arg(path));
+        return fail(tr("%1 is not a rule export; nothing was imported.").arg(path));
     }
     // Each rule goes to the profile with its id, or else to the one with its display name, so
     // that rules move to another machine whose profiles have other ids.
@@ -1195,18 +1204,11 @@ int KivoraCli::transferRules(const QString& action, const QStringList& args)
     if (!added.isEmpty() && !sync.apply(*rules, profiles.profiles(), &error)) {
         return fail(error + u'.');
     }
-    m_out << QCoreApplication::translate("KivoraCli", "Imported %n rule(s).", nullptr,
-                                         int(added.size()))
-          << "\n";
+    m_out << tr("Imported %n rule(s).", nullptr, int(added.size())) << "\n";
     if (skipped > 0) {
-        return fail(skipped == 1
-                        ? QCoreApplication::translate("KivoraCli",
-                                                      "1 rule named no profile of yours or no "
-                                                      "folder or pattern, and was left out.")
-                        : QCoreApplication::translate("KivoraCli",
-                                                      "%1 rules named no profile of yours or no "
-                                                      "folder or pattern, and were left out.")
-                              .arg(skipped));
+        return fail(tr("%n rule(s) named no profile of yours or no folder or pattern, and "
+                       "(was|were) left out.",
+                       nullptr, skipped));
     }
     return Success;
 }

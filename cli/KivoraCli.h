@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QStringList>
 #include <QTextStream>
 
@@ -17,6 +18,8 @@ struct GitProfile;
 // The `kivora` command: parses the arguments, runs one command over the core and returns the
 // exit status (0 done, 1 the work failed, 2 a usage error).
 class KivoraCli {
+    Q_DECLARE_TR_FUNCTIONS(KivoraCli)
+
 public:
     enum Status { Success = 0, Failure = 1, UsageError = 2 };
 

@@ -5,6 +5,8 @@
 
 #include "model/ProfileCodec.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 QString quoted(const QString& text)
@@ -19,7 +21,7 @@ QString quoted(const QString& text)
 std::optional<GitProfile> ProfileResolver::resolve(const QString& query, QString* error) const
 {
     if (query.isEmpty()) {
-        *error = QStringLiteral("the profile name is empty.");
+        *error = QCoreApplication::translate("ProfileResolver", "the profile name is empty.");
         return std::nullopt;
     }
     if (const auto id = ProfileCodec::parseUuid(query)) {
@@ -45,16 +47,19 @@ std::optional<GitProfile> ProfileResolver::resolve(const QString& query, QString
         return candidates.first();
     }
     if (candidates.size() > 1) {
-        *error = QStringLiteral("%1 matches more than one profile: %2; use more of the name or "
-                                "the id.")
+        *error = QCoreApplication::translate("ProfileResolver",
+                                             "%1 matches more than one profile: %2; use more of "
+                                             "the name or the id.")
                      .arg(quoted(query), quotedList(candidates, true));
         return std::nullopt;
     }
-    *error =
-        m_profiles.isEmpty()
-            ? QStringLiteral("no profile matches %1; there are no profiles yet.").arg(quoted(query))
-            : QStringLiteral("no profile matches %1; the profiles are %2.")
-                  .arg(quoted(query), quotedList(m_profiles, false));
+    *error = m_profiles.isEmpty()
+                 ? QCoreApplication::translate("ProfileResolver",
+                                               "no profile matches %1; there are no profiles yet.")
+                       .arg(quoted(query))
+                 : QCoreApplication::translate("ProfileResolver",
+                                               "no profile matches %1; the profiles are %2.")
+                       .arg(quoted(query), quotedList(m_profiles, false));
     return std::nullopt;
 }
 

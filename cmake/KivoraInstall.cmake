@@ -92,7 +92,7 @@ if(KIVORA_HELP2MAN)
         OUTPUT ${man_page}.gz
         COMMAND ${CMAKE_COMMAND} -E make_directory ${scratch_home}
         COMMAND ${CMAKE_COMMAND} -E env HOME=${scratch_home} XDG_CONFIG_HOME=${scratch_home}
-                LC_ALL=C.UTF-8 ${KIVORA_HELP2MAN} --no-info --section=1
+                LC_ALL=C.UTF-8 LANGUAGE= ${KIVORA_HELP2MAN} --no-info --section=1
                 --include=${KIVORA_PACKAGING_DIR}/kivora.h2m --output=${man_page}
                 $<TARGET_FILE:kivora-cli>
         COMMAND gzip -9 -n -f ${man_page}

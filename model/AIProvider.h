@@ -84,7 +84,7 @@ struct AIProviders : EnumTexts<AIProviders, AIProvider, AIProviderFacts> {
          .addressInProcess = false,
          .defaultBase = "https://api.openai.com", .baseOverrideVariable = "KIVORA_OPENAI_API_BASE",
          .baseURLReplacesHost = true, .modelsPath = "/v1/models", .keyHeader = KeyHeader::Bearer,
-         .successMessage = "Connected to OpenAI successfully", .localServer = false},
+         .successMessage = QT_TRANSLATE_NOOP("AIProviders", "Connected to OpenAI successfully"), .localServer = false},
         {.value = AIProvider::Anthropic, .raw = "Anthropic", .display = "Anthropic",
          .symbol = "brain.head.profile",
          .models = {"claude-3-5-sonnet", "claude-3-opus", "claude-3-haiku"},
@@ -95,7 +95,7 @@ struct AIProviders : EnumTexts<AIProviders, AIProvider, AIProviderFacts> {
          .defaultBase = "https://api.anthropic.com",
          .baseOverrideVariable = "KIVORA_ANTHROPIC_API_BASE",
          .baseURLReplacesHost = false, .modelsPath = "/v1/models", .keyHeader = KeyHeader::XApiKey,
-         .successMessage = "Connected to Anthropic successfully", .localServer = false},
+         .successMessage = QT_TRANSLATE_NOOP("AIProviders", "Connected to Anthropic successfully"), .localServer = false},
         // The key travels as a bearer token, not as a key parameter.
         {.value = AIProvider::Google, .raw = "Google", .display = "Google", .symbol = "g.circle",
          .models = {"gemini-1.5-pro", "gemini-1.5-flash", "gemini-pro"},
@@ -106,7 +106,7 @@ struct AIProviders : EnumTexts<AIProviders, AIProvider, AIProviderFacts> {
          .defaultBase = "https://generativelanguage.googleapis.com",
          .baseOverrideVariable = "KIVORA_GOOGLE_API_BASE",
          .baseURLReplacesHost = false, .modelsPath = "/v1/models", .keyHeader = KeyHeader::Bearer,
-         .successMessage = "Connected to Google AI successfully", .localServer = false},
+         .successMessage = QT_TRANSLATE_NOOP("AIProviders", "Connected to Google AI successfully"), .localServer = false},
         // The endpoint is the user's own resource: there is no default host, and the shells
         // get the variable even when it is empty. The process gets no variable at all.
         {.value = AIProvider::AzureOpenAI, .raw = "Azure OpenAI", .display = "Azure OpenAI",
@@ -119,18 +119,18 @@ struct AIProviders : EnumTexts<AIProviders, AIProvider, AIProviderFacts> {
          .defaultBase = nullptr, .baseOverrideVariable = nullptr,
          .baseURLReplacesHost = true, .modelsPath = "/openai/models?api-version=2024-03-01-preview",
          .keyHeader = KeyHeader::ApiKey,
-         .successMessage = "Connected to Azure OpenAI successfully", .localServer = false},
+         .successMessage = QT_TRANSLATE_NOOP("AIProviders", "Connected to Azure OpenAI successfully"), .localServer = false},
         // A local model server needs no key; its address defaults to the usual port. The AI
         // settings page does not list it.
         {.value = AIProvider::Local, .raw = "Local", .display = "Local", .symbol = "desktopcomputer",
          .models = {"llama", "mistral", "codellama"}, .catalogueLine = nullptr,
-         .needsKey = false, .showsBaseURL = true, .baseURLExample = "e.g., http://localhost:11434",
+         .needsKey = false, .showsBaseURL = true, .baseURLExample = QT_TRANSLATE_NOOP("AIProviders", "e.g., http://localhost:11434"),
          .keyVariable = nullptr, .keyInProcess = false,
          .addressVariable = "OLLAMA_BASE_URL", .addressExport = AddressExport::WithDefault,
          .addressInProcess = true,
          .defaultBase = "http://localhost:11434", .baseOverrideVariable = nullptr,
          .baseURLReplacesHost = true, .modelsPath = "/api/tags", .keyHeader = KeyHeader::None,
-         .successMessage = "Connected to local AI server successfully", .localServer = true},
+         .successMessage = QT_TRANSLATE_NOOP("AIProviders", "Connected to local AI server successfully"), .localServer = true},
     };
     // clang-format on
 

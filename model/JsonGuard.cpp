@@ -34,7 +34,8 @@ public:
     bool key(string_t& name) override
     {
         if (!m_keys.back().insert(name).second) {
-            problem = QStringLiteral("has the key \"%1\" twice in one object")
+            problem = QCoreApplication::translate("JsonGuard",
+                                                  "it has the key \"%1\" twice in one object")
                           .arg(QString::fromUtf8(name.data(), qsizetype(name.size())));
             return false;
         }
@@ -58,7 +59,7 @@ public:
     }
     bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override
     {
-        problem = QCoreApplication::translate("JsonGuard", "is not valid JSON");
+        problem = QCoreApplication::translate("JsonGuard", "it is not valid JSON");
         return false;
     }
 
@@ -66,8 +67,8 @@ private:
     bool deepEnough()
     {
         if (m_isObject.size() > std::size_t(JsonGuard::maxDepth)) {
-            problem = QCoreApplication::translate("JsonGuard",
-                                                  "nests arrays and objects deeper than %1 levels")
+            problem = QCoreApplication::translate(
+                          "JsonGuard", "it nests arrays and objects deeper than %1 levels")
                           .arg(JsonGuard::maxDepth);
             return false;
         }
@@ -86,7 +87,7 @@ bool JsonGuard::check(const QByteArray& bytes, QString* error)
     // would ignore whatever follows it.
     if (bytes.contains('\0')) {
         if (error) {
-            *error = QCoreApplication::translate("JsonGuard", "is not valid JSON");
+            *error = QCoreApplication::translate("JsonGuard", "it is not valid JSON");
         }
         return false;
     }
@@ -95,12 +96,12 @@ bool JsonGuard::check(const QByteArray& bytes, QString* error)
     try {
         ok = nlohmann::json::sax_parse(bytes.cbegin(), bytes.cend(), &checker);
     } catch (const nlohmann::json::exception&) {
-        checker.problem = QCoreApplication::translate("JsonGuard", "is not valid JSON");
+        checker.problem = QCoreApplication::translate("JsonGuard", "it is not valid JSON");
         ok = false;
     }
     if (!ok && error) {
         *error = checker.problem.isEmpty()
-                     ? QCoreApplication::translate("JsonGuard", "is not valid JSON")
+                     ? QCoreApplication::translate("JsonGuard", "it is not valid JSON")
                      : checker.problem;
     }
     return ok;

@@ -16,7 +16,7 @@ public:
     // (file, list, profile, AI settings, headers); the rest is room for unknown keys.
     static constexpr int maxDepth = 32;
 
-    // True for well-formed JSON within the limits; otherwise false and `error` says why,
-    // as a phrase that fits after "it" ("is not valid JSON", "nests deeper than …").
+    // True for well-formed JSON within the limits; otherwise false and `error` says why, as
+    // a phrase about the text ("it is not valid JSON", "it nests … deeper than …").
     static bool check(const QByteArray& bytes, QString* error = nullptr);
 };

@@ -5,6 +5,8 @@
 
 #include "model/JsonGuard.h"
 
+#include <QCoreApplication>
+
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
@@ -65,43 +67,86 @@ Json encodeProfiles(const QList<GitProfile>& profiles)
     return array;
 }
 
-const Json& member(const Json& object, const char* key, const QString& where)
+// Where a value sits: the file itself, a profile (counted from 1) or a profile's AI settings.
+// Each message names its place within one whole sentence, so that a translation may order the
+// sentence as its language needs.
+struct Where {
+    enum class Kind { File, Profile, AISettings };
+    Kind kind = Kind::File;
+    qsizetype profile = 0;
+
+    QString number() const { return QString::number(profile); }
+};
+
+const Json& member(const Json& object, const char* key, const Where& where)
 {
     const auto it = object.find(key);
     if (it == object.end()) {
-        throw DecodeError(utf8(QStringLiteral("%1 has no \"%2\"").arg(where, QLatin1String(key))));
+        const QString name = QLatin1String(key);
+        QString problem;
+        switch (where.kind) {
+        case Where::Kind::File:
+            problem =
+                QCoreApplication::translate("ProfileCodec", "the file has no \"%1\"").arg(name);
+            break;
+        case Where::Kind::Profile:
+            problem = QCoreApplication::translate("ProfileCodec", "profile %1 has no \"%2\"")
+                          .arg(where.number(), name);
+            break;
+        case Where::Kind::AISettings:
+            problem = QCoreApplication::translate("ProfileCodec",
+                                                  "the AI settings of profile %1 has no \"%2\"")
+                          .arg(where.number(), name);
+            break;
+        }
+        throw DecodeError(utf8(problem));
     }
     return *it;
 }
 
-QString stringMember(const Json& object, const char* key, const QString& where)
+QString stringMember(const Json& object, const char* key, const Where& where)
 {
     const Json& value = member(object, key, where);
     if (!value.is_string()) {
-        throw DecodeError(
-            utf8(QStringLiteral("\"%1\" of %2 is not a string").arg(QLatin1String(key), where)));
+        const QString name = QLatin1String(key);
+        throw DecodeError(utf8(
+            where.kind == Where::Kind::AISettings
+                ? QCoreApplication::translate("ProfileCodec",
+                                              "\"%1\" of the AI settings of profile %2 is not a "
+                                              "string")
+                      .arg(name, where.number())
+                : QCoreApplication::translate("ProfileCodec",
+                                              "\"%1\" of profile %2 is not a string")
+                      .arg(name, where.number())));
     }
     return qtext(value.get<std::string>());
 }
 
-AIConfig decodeConfig(const Json& json, const QString& where)
+AIConfig decodeConfig(const Json& json, qsizetype index)
 {
+    const QString number = QString::number(index + 1);
     if (!json.is_object()) {
-        throw DecodeError(utf8(QStringLiteral("\"aiConfig\" of %1 is not an object").arg(where)));
+        throw DecodeError(utf8(QCoreApplication::translate(
+                                   "ProfileCodec", "\"aiConfig\" of profile %1 is not an object")
+                                   .arg(number)));
     }
-    const QString inner = QStringLiteral("the AI settings of %1").arg(where);
+    const Where inner{Where::Kind::AISettings, index + 1};
     AIConfig config;
     const Json& enabled = member(json, "isEnabled", inner);
     if (!enabled.is_boolean()) {
         throw DecodeError(
-            utf8(QStringLiteral("\"isEnabled\" of %1 is not true or false").arg(inner)));
+            utf8(QCoreApplication::translate("ProfileCodec", "\"isEnabled\" of the AI settings of "
+                                                             "profile %1 is not true or false")
+                     .arg(number)));
     }
     config.isEnabled = enabled.get<bool>();
     const QString provider = stringMember(json, "provider", inner);
     const auto known = AIProviders::fromRawValue(provider);
     if (!known) {
         throw DecodeError(
-            utf8(QStringLiteral("\"%1\" in %2 is not a known AI provider").arg(provider, inner)));
+            utf8(QCoreApplication::translate("ProfileCodec", "\"%1\" in the AI settings of profile "
+                                                             "%2 is not a known AI provider")
+                     .arg(provider, number)));
     }
     config.provider = *known;
     config.model = stringMember(json, "model", inner);
@@ -110,12 +155,17 @@ AIConfig decodeConfig(const Json& json, const QString& where)
     const Json& headers = member(json, "customHeaders", inner);
     if (!headers.is_object()) {
         throw DecodeError(
-            utf8(QStringLiteral("\"customHeaders\" of %1 is not an object").arg(inner)));
+            utf8(QCoreApplication::translate("ProfileCodec", "\"customHeaders\" of the AI settings "
+                                                             "of profile %1 is not an object")
+                     .arg(number)));
     }
     for (auto it = headers.begin(); it != headers.end(); ++it) {
         if (!it.value().is_string()) {
-            throw DecodeError(utf8(QStringLiteral("the header \"%1\" in %2 is not a string")
-                                       .arg(qtext(it.key()), inner)));
+            throw DecodeError(utf8(
+                QCoreApplication::translate("ProfileCodec",
+                                            "the header \"%1\" in the AI settings of profile %2 "
+                                            "is not a string")
+                    .arg(qtext(it.key()), number)));
         }
         config.customHeaders.insert(qtext(it.key()), qtext(it.value().get<std::string>()));
     }
@@ -124,29 +174,34 @@ AIConfig decodeConfig(const Json& json, const QString& where)
 
 GitProfile decodeProfile(const Json& json, qsizetype index)
 {
-    const QString where = QStringLiteral("profile %1").arg(index + 1);
+    const Where where{Where::Kind::Profile, index + 1};
     if (!json.is_object()) {
-        throw DecodeError(utf8(QStringLiteral("%1 is not an object").arg(where)));
+        throw DecodeError(
+            utf8(QCoreApplication::translate("ProfileCodec", "profile %1 is not an object")
+                     .arg(where.number())));
     }
     GitProfile profile;
     const QString idText = stringMember(json, "id", where);
     const auto id = ProfileCodec::parseUuid(idText);
     if (!id) {
-        throw DecodeError(utf8(QStringLiteral("\"%1\" in %2 is not a UUID").arg(idText, where)));
+        throw DecodeError(
+            utf8(QCoreApplication::translate("ProfileCodec", "\"%1\" in profile %2 is not a UUID")
+                     .arg(idText, where.number())));
     }
     profile.id = *id;
     profile.name = stringMember(json, "name", where);
     profile.gitName = stringMember(json, "gitName", where);
     profile.gitEmail = stringMember(json, "gitEmail", where);
     profile.sshKeyPath = stringMember(json, "sshKeyPath", where);
-    profile.aiConfig = decodeConfig(member(json, "aiConfig", where), where);
+    profile.aiConfig = decodeConfig(member(json, "aiConfig", where), index);
     return profile;
 }
 
 QList<GitProfile> decodeProfiles(const Json& json)
 {
     if (!json.is_array()) {
-        throw DecodeError("the profiles are not a JSON array");
+        throw DecodeError(
+            utf8(QCoreApplication::translate("ProfileCodec", "the profiles are not a JSON array")));
     }
     QList<GitProfile> profiles;
     profiles.reserve(static_cast<qsizetype>(json.size()));
@@ -171,7 +226,7 @@ auto decodeWith(const QByteArray& bytes, QString* error, Decode decode)
     QString problem;
     if (!JsonGuard::check(bytes, &problem)) {
         if (error) {
-            *error = QStringLiteral("it ") + problem;
+            *error = problem;
         }
         return std::nullopt;
     }
@@ -183,7 +238,7 @@ auto decodeWith(const QByteArray& bytes, QString* error, Decode decode)
         }
     } catch (const Json::parse_error&) {
         if (error) {
-            *error = QStringLiteral("it is not valid JSON");
+            *error = QCoreApplication::translate("ProfileCodec", "it is not valid JSON");
         }
     } catch (const Json::exception& failure) {
         if (error) {
@@ -209,19 +264,22 @@ std::optional<StoredData> ProfileCodec::decodeStore(const QByteArray& bytes, QSt
 {
     return decodeWith(bytes, error, [](const Json& json) {
         if (!json.is_object()) {
-            throw DecodeError("the file is not a JSON object");
+            throw DecodeError(
+                utf8(QCoreApplication::translate("ProfileCodec", "the file is not a JSON object")));
         }
         StoredData data;
-        data.profiles = decodeProfiles(member(json, "profiles", QStringLiteral("the file")));
+        data.profiles = decodeProfiles(member(json, "profiles", Where{}));
         const auto active = json.find("activeProfileID");
         if (active != json.end() && !active->is_null()) {
             if (!active->is_string()) {
-                throw DecodeError("\"activeProfileID\" is not a string");
+                throw DecodeError(utf8(QCoreApplication::translate(
+                    "ProfileCodec", "\"activeProfileID\" is not a string")));
             }
             const QString text = qtext(active->get<std::string>());
             data.activeProfileID = parseUuid(text);
             if (!data.activeProfileID) {
-                throw DecodeError(utf8(QStringLiteral("\"%1\" is not a UUID").arg(text)));
+                throw DecodeError(utf8(
+                    QCoreApplication::translate("ProfileCodec", "\"%1\" is not a UUID").arg(text)));
             }
         }
         return data;

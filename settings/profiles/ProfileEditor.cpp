@@ -216,7 +216,8 @@ bool ProfileEditor::showsBaseURL() const
 
 QString ProfileEditor::baseURLExample() const
 {
-    return QString::fromUtf8(AIProviders::facts(m_provider).baseURLExample);
+    const char* example = AIProviders::facts(m_provider).baseURLExample;
+    return example ? QCoreApplication::translate("AIProviders", example) : QString();
 }
 
 void ProfileEditor::setConnectionStatus(const QVariant& status)
