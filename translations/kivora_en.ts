@@ -72,6 +72,33 @@
     </message>
 </context>
 <context>
+    <name>AIProviders</name>
+    <message>
+        <source>Connected to OpenAI successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to Anthropic successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to Google AI successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to Azure OpenAI successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>e.g., http://localhost:11434</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to local AI server successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AISettingsView</name>
     <message>
         <source>AI</source>
@@ -306,6 +333,10 @@
         <source>git could not unset core.hooksPath; is ~/.gitconfig writable?</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>your global core.hooksPath is %1; Kivora&apos;s guard would replace it, so it stays off (unset core.hooksPath first, or call kivora guard check from a pre-commit hook there).</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CommitSigning</name>
@@ -477,6 +508,293 @@
     </message>
 </context>
 <context>
+    <name>GuardCommand</name>
+    <message>
+        <source>The guard was already on: commits in a folder or repository with a rule must carry the rule&apos;s identity.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The guard is on: commits in a folder or repository with a rule must carry the rule&apos;s identity.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The guard is off; core.hooksPath is yours (%1) and stays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The guard is off.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The guard is on (core.hooksPath is %1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The guard is off: core.hooksPath names a folder of yours (%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 runs its own hooks from %2 (core.hooksPath of the repository), so the guard does not check it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is checked while the guard is on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>this commit is refused: the rule &quot;%1&quot; gives this repository the identity of %2, %3, but git would record
+  author:    %4
+  committer: %5
+See which identity git uses here, and why: kivora which
+Commit anyway with: git commit --no-verify</source>
+        <extracomment>The identities line up after &quot;author:&quot; and &quot;committer:&quot;.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>kivora list [--json]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the profiles in order; the active one is marked with *.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --json   print a JSON array of profiles (see docs/cli.md)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora current [--json]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the active profile, the global git name and e-mail, and the AI provider in force.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --json   print a JSON object (see docs/cli.md)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora use PROFILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make PROFILE the active identity: global git name, e-mail and SSH command, the AI environment file, and the saved choice.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora add NAME --git-name N --git-email E [--ssh-key PATH]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a profile at the end of the list. &quot;id_&quot; is removed from NAME and each word capitalised: id_work becomes Work.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --git-name N    git user.name of the profile
+  --git-email E   git user.email of the profile
+  --ssh-key PATH  private key, for example ~/.ssh/id_ed25519
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora edit PROFILE [options]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change a profile. The changes take effect at its next activation.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --name N          display name
+  --git-name N      git user.name
+  --git-email E     git user.email
+  --ssh-key PATH    private key path (an empty PATH removes the key)
+  --ai on|off       switch the profile&apos;s AI context on or off
+  --ai-provider P   OpenAI, Anthropic, Google, &quot;Azure OpenAI&quot; or Local
+  --ai-model M      model name (a new provider picks its first model)
+  --ai-base-url U   base URL, Azure endpoint or local server address
+  --ai-key-stdin    read the API key from standard input
+  --signing-key KEY sign with KEY: an SSH key path (~/.ssh/id_work.pub) or an OpenPGP key id; none removes it
+  --sign-commits on|off  sign commits and tags (on by default with a new key)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora remove PROFILE [--delete-key]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete a profile. Git settings stay as they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --delete-key   also delete the private key file and its .pub
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora export [FILE]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write every profile as a JSON array, to FILE or standard output. The export holds API keys: FILE is made readable by you only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora import FILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add the profiles of an exported JSON array, with new ids, display names rewritten as by add, and no AI settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>List the private keys in ~/.ssh that have their .pub beside them, sorted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora terminal PROFILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open a terminal window whose shell commits as PROFILE, without changing the global git settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  The emulator is $TERMINAL when set, else x-terminal-emulator, then the
+  first installed of gnome-terminal, kgx, konsole, xfce4-terminal, kitty,
+  alacritty, wezterm, foot and xterm.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora test-ai PROFILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ask the profile&apos;s AI provider whether it accepts the key (one request to its model list) and print the answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora check-updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check the update feed now and say whether a newer version exists.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora rule add|remove PROFILE (--dir PATH | --remote PATTERN) | rule list [--json] | rule export [FILE] | rule import FILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Let repositories under a folder, or with a remote whose URL matches a pattern, use PROFILE whatever the active profile is; remove such a rule; list the rules; write them as JSON (as rule list --json) or add those of such a file, matched to your profiles by id, then by name. Where several match, the later rule wins.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  --dir PATH         repositories under PATH (may start with ~)
+  --remote PATTERN   repositories with a remote matching PATTERN, git&apos;s
+                     pattern, e.g. git@github.com:acme/**
+  --json             (list) print a JSON array (see docs/cli.md)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora which [DIR] [--json]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the identity git uses in DIR (default: the current folder) and why: a rule, the repository&apos;s own configuration, the environment, or the global setting.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora clone URL [DIR]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Run git clone with the identity and SSH key that the remote rules give URL, from the first fetch on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora guard on|off|status [DIR]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refuse commits in repositories that a rule governs when git would record another identity than the rule&apos;s profile (on), stop (off), or say whether the guard is on and whether DIR bypasses it (status).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  The guard sets the global core.hooksPath to ~/.kivora/hooks, whose hooks run
+  each repository&apos;s own hooks first. It stays off when core.hooksPath is
+  already yours. git commit --no-verify skips it for one commit.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kivora autostart on|off|status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start the tray application at login (on), no longer (off), or say whether it does (status).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  The entry is $XDG_CONFIG_HOME/autostart/kivora.desktop (XDG_CONFIG_HOME
+  defaults to ~/.config). One marked Hidden=true or
+  X-GNOME-Autostart-enabled=false counts as off.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Usage: kivora [COMMAND] [ARGUMENTS]
+Switch between git identities.
+
+Without a command, kivora starts the tray application.
+
+Commands:
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+PROFILE is a profile&apos;s id, its exact name, or the start of exactly one name (any case).
+
+Options:
+  -h, --help      show this help, or a command&apos;s with kivora COMMAND --help
+  -v, --version   show the version
+
+Exit status: 0 on success, 1 when the work failed, 2 for a usage error.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Usage: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>HooksSettingsView</name>
     <message>
         <source>Hooks</source>
@@ -556,13 +874,47 @@
     </message>
 </context>
 <context>
-    <name>JsonGuard</name>
+    <name>IdentityReport</name>
     <message>
-        <source>is not valid JSON</source>
+        <source>%1 is not a folder</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>nests arrays and objects deeper than %1 levels</source>
+        <source>git could not be started</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>InstanceChannel</name>
+    <message>
+        <source>there is no private folder for the socket: $XDG_RUNTIME_DIR is unset or not private, and ~/.kivora/run cannot be made</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>another instance is running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a JSON object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown command: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>JsonGuard</name>
+    <message>
+        <source>it has the key &quot;%1&quot; twice in one object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is not valid JSON</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it nests arrays and objects deeper than %1 levels</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -611,6 +963,21 @@
     </message>
 </context>
 <context>
+    <name>KivoraApp</name>
+    <message>
+        <source>another instance holds the socket but does not answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot open its socket: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>only commands that change profiles are taken</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KivoraCli</name>
     <message numerus="yes">
         <source>Exported %n profile(s) to %1.</source>
@@ -641,12 +1008,392 @@
         </translation>
     </message>
     <message>
-        <source>1 rule named no profile of yours or no folder or pattern, and was left out.</source>
+        <source>Not configured</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 rules named no profile of yours or no folder or pattern, and were left out.</source>
+        <source>there is no command &quot;%1&quot;; see kivora --help.</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown option &quot;%1&quot;; see kivora --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown command &quot;%1&quot;; see kivora --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; see kivora %2 --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is missing an argument; usage: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 takes no more arguments than: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; it was kept as %2 and new profiles were set up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; the profiles shown are not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the socket %1 belongs to a process of another user, not to your Kivora; it was left alone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>the running Kivora did not answer within %n second(s); the change was not made here, see kivora list for what it did.</source>
+        <translation>
+            <numerusform>the running Kivora did not answer within %n second; the change was not made here, see kivora list for what it did.</numerusform>
+            <numerusform>the running Kivora did not answer within %n seconds; the change was not made here, see kivora list for what it did.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the running Kivora did not take the command: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot start %1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the tray application is not installed; the commands work without it, see kivora --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No profiles yet. Add one with: kivora add NAME --git-name N --git-email E</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AI: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(not set)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile:    %1</source>
+        <extracomment>Keep the values of kivora current in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Git name:   %1</source>
+        <extracomment>Keep the values of kivora current in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Git email:  %1</source>
+        <extracomment>Keep the values of kivora current in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSH key:    %1</source>
+        <extracomment>Keep the values of kivora current in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AI:         %1</source>
+        <extracomment>Keep the values of kivora current in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>git did not take the new identity (it reports %1); is git installed and ~/.gitconfig writable?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Switched to %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the profile name is empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>add needs a git name and e-mail: --git-name N --git-email E.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; nothing was added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Added profile %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--%1 cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--ai takes on or off, not &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an AI provider; choose one of %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--sign-commits takes on or off, not &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--signing-key needs a key, or none to remove it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--sign-commits on needs a signing key: add --signing-key KEY.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a readable SSH public key (nor the private half of one with its .pub beside it); nothing was saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the profile is gone; nothing was saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; nothing was saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved profile %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Commits and tags are signed with %1 (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Commits are not signed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The API key is empty, so its AI context stays off.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is the active profile: run kivora use &quot;%1&quot; to apply the changes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; the profile and its key files were kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removed profile %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deleted %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not every key file was there to delete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot write %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2; nothing was imported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a profile export (%2); nothing was imported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; nothing was imported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no terminal emulator could be started; set TERMINAL to one (see kivora terminal --help).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Opened %1 for %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kivora %1 is up to date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kivora %1 is available (you have %2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the update check failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot remove %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>autostart takes on, off or status, not &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kivora starts at login.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kivora does not start at login.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the provider gave no answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>guard needs on, off or status; see kivora guard --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>guard takes on, off or status, not &quot;%1&quot;; see kivora guard --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No rules yet. Add one with: kivora rule add PROFILE --dir PATH</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rule needs add, remove, list, export or import; see kivora rule --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rule takes add, remove, list, export or import, not &quot;%1&quot;; see kivora rule --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 takes one of --dir PATH or --remote PATTERN.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot name a folder in a rule.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the remote pattern must be one line of text.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no such rule; see kivora rule list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repositories under %1 no longer use %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repositories with a remote matching %1 no longer use %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repositories under %1 use %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repositories with a remote matching %1 use %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Git name:     %1</source>
+        <extracomment>Keep the values of kivora which in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Git email:    %1</source>
+        <extracomment>Keep the values of kivora which in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSH command:  %1</source>
+        <extracomment>Keep the values of kivora which in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile:      %1</source>
+        <extracomment>Keep the values of kivora which in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rule: repositories under %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rule: a remote matches %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>repository: its own configuration sets the identity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>environment: GIT_AUTHOR_* or GIT_COMMITTER_* is set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>global: no rule applies here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Source:       %1</source>
+        <extracomment>Keep the values of kivora which in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloning as %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No remote rule matches %1; cloning with the global identity.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>git clone did not succeed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a rule export; nothing was imported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n rule(s) named no profile of yours or no folder or pattern, and (was|were) left out.</source>
+        <translation>
+            <numerusform>%n rule named no profile of yours or no folder or pattern, and was left out.</numerusform>
+            <numerusform>%n rules named no profile of yours or no folder or pattern, and were left out.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -777,6 +1524,77 @@
     </message>
 </context>
 <context>
+    <name>ProfileCodec</name>
+    <message>
+        <source>the file has no &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>profile %1 has no &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the AI settings of profile %1 has no &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of the AI settings of profile %2 is not a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of profile %2 is not a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;aiConfig&quot; of profile %1 is not an object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;isEnabled&quot; of the AI settings of profile %1 is not true or false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; in the AI settings of profile %2 is not a known AI provider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;customHeaders&quot; of the AI settings of profile %1 is not an object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the header &quot;%1&quot; in the AI settings of profile %2 is not a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>profile %1 is not an object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; in profile %2 is not a UUID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the profiles are not a JSON array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is not valid JSON</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is not a JSON object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;activeProfileID&quot; is not a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a UUID</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ProfileEditor</name>
     <message>
         <source>New Profile</source>
@@ -836,6 +1654,29 @@
     </message>
     <message>
         <source>git did not take the new identity (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was removed meanwhile; nothing was changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ProfileResolver</name>
+    <message>
+        <source>the profile name is empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 matches more than one profile: %2; use more of the name or the id.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no profile matches %1; there are no profiles yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no profile matches %1; the profiles are %2.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1174,6 +2015,10 @@
     </message>
     <message>
         <source>ssh-keygen exited with status %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to generate SSH key: %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1595,6 +2440,23 @@
     </message>
     <message>
         <source>This feature will be available in a future update.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TerminalLauncher</name>
+    <message>
+        <source>Git profile: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  Name:  %1</source>
+        <extracomment>Keep the values of the two lines in one column.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  Email: %1</source>
+        <extracomment>Keep the values of the two lines in one column.</extracomment>
         <translation type="unfinished"></translation>
     </message>
 </context>
