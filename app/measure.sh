@@ -19,7 +19,9 @@ cleanup() {
 trap cleanup EXIT
 
 # Xvfb picks a free display itself and writes its number, then a line end, to descriptor 3.
-Xvfb -displayfd 3 -screen 0 1400x900x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+# -noreset: the server stays as it is when its last client leaves (a reset between two
+# clients can refuse the next one).
+Xvfb -displayfd 3 -screen 0 1400x900x24 -nolisten tcp -noreset 3>"$work/display" >/dev/null 2>&1 &
 pids+=($!)
 until [[ $(<"$work/display") == *[0-9] ]] 2>/dev/null; do sleep 0.05; done
 display=:$(<"$work/display")

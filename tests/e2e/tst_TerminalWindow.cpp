@@ -22,10 +22,11 @@ public:
     {
         m_process.setProgram(program);
         // -displayfd 1: take the first free display and write its number to standard output.
+        // -noreset: a reset when the last client leaves could refuse the next one.
         m_process.setArguments({QStringLiteral("-displayfd"), QStringLiteral("1"),
                                 QStringLiteral("-screen"), QStringLiteral("0"),
                                 QStringLiteral("1024x768x24"), QStringLiteral("-nolisten"),
-                                QStringLiteral("tcp")});
+                                QStringLiteral("tcp"), QStringLiteral("-noreset")});
         m_process.setStandardInputFile(QProcess::nullDevice());
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
