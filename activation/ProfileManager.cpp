@@ -349,8 +349,64 @@ bool ProfileManager::store(const QList<GitProfile>& profiles, const std::optiona
     setActiveProfileID(active);
     m_knownBytes = written;
     m_inSync = true;
+    // What stands in the file now was written here: nothing is left that could not be read.
+    setFileError(QString());
     syncAllowedSigners();
     return true;
+}
+
+ProfileManager::FileFollow ProfileManager::followFile()
+{
+    if (m_lockDepth > 0) {
+        // A change of this manager is under way and reads the file itself.
+        return FileFollow::Busy;
+    }
+    // No waiting: a writer that holds the lock is about to save, and that save is noticed
+    // again. A lock that cannot be had at all (a read-only folder) does not keep the file
+    // from being read: nobody can write there anyway.
+    if (m_lock.lock(nullptr, 0) == ProfileLock::Outcome::Busy) {
+        return FileFollow::Busy;
+    }
+    ++m_lockDepth;
+    const FileFollow outcome = [this] {
+        QString why;
+        QByteArray bytes;
+        const auto stored = m_store.load(&why, &bytes);
+        if (!stored) {
+            if (!m_store.exists()) {
+                // Removed: the list stands, and the next change writes it again.
+                setFileError(QString());
+                return FileFollow::Unchanged;
+            }
+            // Not kept aside and not replaced here: the user may be in the middle of editing
+            // it. A change made in the application keeps it aside before it saves.
+            setFileError(tr("%1; the profiles shown are the last ones that could be read")
+                             .arg(why));
+            return FileFollow::Unreadable;
+        }
+        setFileError(QString());
+        if (bytes == m_knownBytes) {
+            return FileFollow::Unchanged; // this manager's own save, or the same bytes again
+        }
+        setProfiles(stored->profiles);
+        setActiveProfileID(stored->activeProfileID);
+        m_knownBytes = bytes;
+        m_inSync = true;
+        emit fileReloaded();
+        return FileFollow::Reloaded;
+    }();
+    if (--m_lockDepth == 0) {
+        m_lock.unlock();
+    }
+    return outcome;
+}
+
+void ProfileManager::setFileError(const QString& error)
+{
+    if (m_fileError != error) {
+        m_fileError = error;
+        emit fileErrorChanged();
+    }
 }
 
 bool ProfileManager::change(const Change& edit, QString* error)

@@ -40,6 +40,7 @@ class ProfileManager : public QObject {
     Q_PROPERTY(QString globalGitEmail READ globalGitEmail NOTIFY globalGitEmailChanged)
     Q_PROPERTY(bool needsProfileSetup READ needsProfileSetup WRITE setNeedsProfileSetup NOTIFY
                    needsProfileSetupChanged)
+    Q_PROPERTY(QString fileError READ fileError NOTIFY fileErrorChanged)
 
 public:
     struct Options {
@@ -84,6 +85,23 @@ public:
     // Why the profiles first-run set-up made could not be saved; empty when they were (or
     // when the file was read).
     QString setupSaveError() const { return m_setupSaveError; }
+
+    // Why the profile file, changed by someone else since, cannot be taken over: one phrase
+    // without its full stop; empty while the list follows the file.
+    QString fileError() const { return m_fileError; }
+
+    enum class FileFollow {
+        Unchanged,  // the file holds what this manager last read or wrote (or is gone)
+        Reloaded,   // another writer's profiles are the list now
+        Unreadable, // the last profiles read stay; `fileError` says why
+        Busy,       // another writer holds the lock, or a change of this manager is under way
+    };
+    // Takes over what another writer saved to the profile file: its profiles and active id
+    // become the list, announced row by row as any change. Never waits for the lock and never
+    // writes anything: a file that cannot be read leaves the list as it is, and a file that
+    // was removed leaves it too (the next change writes it again). Nothing is applied to git
+    // or the shells, also when the active profile changed or went.
+    FileFollow followFile();
 
     QString home() const { return m_home; }
     const ShellIntegration& shellIntegration() const { return m_shell; }
@@ -172,6 +190,9 @@ signals:
     void globalGitNameChanged();
     void globalGitEmailChanged();
     void needsProfileSetupChanged();
+    void fileErrorChanged();
+    // followFile() took over a file another writer changed.
+    void fileReloaded();
 
 private:
     // Runs `work` with the profile file locked; nested calls share the lock. False when the
@@ -192,6 +213,7 @@ private:
     void setupOnFreshInstall();
     void setGlobalGitName(const QString& name);
     void setGlobalGitEmail(const QString& email);
+    void setFileError(const QString& error);
     // Announces how the list changed from `before` to what it is now.
     void announceChanges(const QList<GitProfile>& before);
 
@@ -223,4 +245,5 @@ private:
     QString m_loadError;
     QString m_preservedFilePath;
     QString m_setupSaveError;
+    QString m_fileError;
 };

@@ -4,6 +4,7 @@
 #include "app/KivoraApp.h"
 
 #include "activation/InstanceChannel.h"
+#include "activation/ProfileFileWatcher.h"
 #include "activation/ProfileManager.h"
 #include "ai/AIContextManager.h"
 #include "app/ApplicationPalette.h"
@@ -165,6 +166,8 @@ KivoraApp& KivoraApp::from(const QJSEngine* engine)
 void KivoraApp::start(InstanceChannel& channel)
 {
     m_updater->start();
+    // From now on what others write to the profile file shows in the windows.
+    m_profileFileWatcher = std::make_unique<ProfileFileWatcher>(*m_profileManager);
 
     // The palette is in place before the tray menu or any window exists.
     m_palette = std::make_unique<ApplicationPalette>(*m_settings, *m_colorScheme);

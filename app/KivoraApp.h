@@ -15,6 +15,7 @@ class AutostartSwitch;
 class InstanceChannel;
 class PopoverController;
 class ProfileActions;
+class ProfileFileWatcher;
 class ProfileListModel;
 class ProfileManager;
 class ProfileTransfer;
@@ -112,6 +113,7 @@ private:
     std::unique_ptr<ProfileTransfer> m_profileTransfer;
     std::unique_ptr<AIProviderCatalogue> m_providerCatalogue;
     // The desktop side, made by start().
+    std::unique_ptr<ProfileFileWatcher> m_profileFileWatcher;
     std::unique_ptr<ApplicationPalette> m_palette;
     std::unique_ptr<WindowShortcuts> m_shortcuts;
     std::unique_ptr<QmlHost> m_host;

@@ -15,6 +15,8 @@ ProfileListModel::ProfileListModel(ProfileManager& manager, QObject* parent)
     connect(&m_manager, &ProfileManager::profilesReset, this, &ProfileListModel::reset);
     connect(&m_manager, &ProfileManager::activeProfileIDChanged, this,
             &ProfileListModel::activeChanged);
+    connect(&m_manager, &ProfileManager::fileErrorChanged, this, &ProfileListModel::showFileError);
+    showFileError();
 }
 
 int ProfileListModel::count() const
@@ -132,6 +134,18 @@ void ProfileListModel::setError(const QString& error)
         m_error = error;
         emit errorChanged();
     }
+}
+
+void ProfileListModel::showFileError()
+{
+    const QString phrase = m_manager.fileError();
+    const QString sentence = phrase.isEmpty() ? QString() : Sentence::of(phrase);
+    if (!sentence.isEmpty()) {
+        setError(sentence);
+    } else if (m_error == m_fileError) {
+        setError(QString());
+    }
+    m_fileError = sentence;
 }
 
 bool ProfileListModel::openTerminal(const QString& id)

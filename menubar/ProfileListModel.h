@@ -18,6 +18,7 @@ class ProfileListModel : public QAbstractListModel {
     Q_PROPERTY(bool hasActiveProfile READ hasActiveProfile NOTIFY activeProfileChanged)
     Q_PROPERTY(QVariantMap activeProfile READ activeProfile NOTIFY activeProfileChanged)
     // Why the last switch or deletion failed, as one sentence; empty after one that worked.
+    // Also why the profile file, changed by someone else, could not be read, until it can.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
@@ -76,9 +77,12 @@ private:
     void reset();
     void activeChanged();
     void setError(const QString& error);
+    void showFileError();
 
     ProfileManager& m_manager;
     // The rows as the views last heard of them; always the manager's list after a signal.
     QList<GitProfile> m_profiles;
     QString m_error;
+    // The manager's file error as shown, to put it away when the file can be read again.
+    QString m_fileError;
 };

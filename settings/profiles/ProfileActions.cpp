@@ -9,6 +9,20 @@
 ProfileActions::ProfileActions(ProfileManager& manager, QObject* parent)
     : QObject(parent), m_manager(manager)
 {
+    connect(&m_manager, &ProfileManager::fileErrorChanged, this, &ProfileActions::showFileError);
+    showFileError();
+}
+
+void ProfileActions::showFileError()
+{
+    const QString phrase = m_manager.fileError();
+    const QString sentence = phrase.isEmpty() ? QString() : Sentence::of(phrase);
+    if (!sentence.isEmpty()) {
+        setError(phrase);
+    } else if (m_error == m_fileError) {
+        setError(QString());
+    }
+    m_fileError = sentence;
 }
 
 void ProfileActions::setError(const QString& phrase)

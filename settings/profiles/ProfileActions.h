@@ -15,7 +15,8 @@
 class ProfileActions : public QObject {
     Q_OBJECT
     // Why the last action failed (git or the profile file could not be written), as one
-    // sentence; empty after one that worked.
+    // sentence; empty after one that worked. Also why the profile file, changed by someone
+    // else, could not be read, until it can.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
@@ -58,7 +59,10 @@ signals:
 
 private:
     void setError(const QString& phrase);
+    void showFileError();
 
     ProfileManager& m_manager;
     QString m_error;
+    // The manager's file error as shown, to put it away when the file can be read again.
+    QString m_fileError;
 };
