@@ -14,8 +14,7 @@ ProfileFileWatcher::ProfileFileWatcher(ProfileManager& manager, int quietMs, QOb
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(quietMs);
     connect(&m_quiet, &QTimer::timeout, this, &ProfileFileWatcher::check);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &ProfileFileWatcher::noticed);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &ProfileFileWatcher::noticed);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &ProfileFileWatcher::noticed);
     watch();
 }

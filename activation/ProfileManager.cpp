@@ -380,8 +380,8 @@ ProfileManager::FileFollow ProfileManager::followFile()
             }
             // Not kept aside and not replaced here: the user may be in the middle of editing
             // it. A change made in the application keeps it aside before it saves.
-            setFileError(tr("%1; the profiles shown are the last ones that could be read")
-                             .arg(why));
+            setFileError(
+                tr("%1; the profiles shown are the last ones that could be read").arg(why));
             return FileFollow::Unreadable;
         }
         setFileError(QString());

@@ -148,7 +148,8 @@ Item {
             }
         }
 
-        // Why the last switch or deletion did not go through.
+        // Why the last switch or deletion did not go through, or why the profile file that
+        // someone else changed cannot be read.
         Text {
             objectName: "actionError"
             Layout.fillWidth: true

@@ -58,8 +58,9 @@ public:
     Q_INVOKABLE bool remove(const QString& id);
     // Opens a terminal window with the profile's identity preset.
     Q_INVOKABLE bool openTerminal(const QString& id);
-    // Puts the sentence of an earlier failure away (a view that starts afresh).
-    Q_INVOKABLE void clearError() { setError(QString()); }
+    // Puts the sentence of an earlier failure away (a view that starts afresh); a profile file
+    // that still cannot be read stays said.
+    Q_INVOKABLE void clearError() { setError(m_fileError); }
 
     static QVariantMap describe(const GitProfile& profile);
 

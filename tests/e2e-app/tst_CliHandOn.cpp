@@ -208,6 +208,9 @@ private slots:
         QCOMPARE(beside.exitCode(), 0);
         const QStringList beside1 = before + QStringList{QStringLiteral("Beside")};
         QCOMPARE(storedNames(), beside1);
+        // The application notices the file changed beside it: its popover lists the new
+        // profile before the application makes any change of its own.
+        QTRY_COMPARE_WITH_TIMEOUT(popoverRows(), beside1, 20000);
 
         const Result r =
             kivora({QStringLiteral("add"), QStringLiteral("through"), QStringLiteral("--git-name"),
@@ -238,6 +241,39 @@ private slots:
         QVERIFY(S_ISSOCK(info.st_mode));
         QCOMPARE(info.st_mode & 07777, mode_t(0600));
         QVERIFY(!socket.startsWith(QLatin1String("/tmp/kivora")));
+    }
+
+    // The user edits the profile file by hand while the application runs: the popover follows
+    // it, and says so while what was saved cannot be read.
+    void aFileEditedByHandIsFollowed()
+    {
+        auto data = stored();
+        QVERIFY(data);
+        data->profiles << GitProfile::create(QStringLiteral("By Hand"), QStringLiteral("H"),
+                                             QStringLiteral("h@x"), QString());
+        const QString file = QStringLiteral(".git-switcher/profiles.json");
+        const QByteArray good = ProfileCodec::encodeStore(*data);
+        m_home->write(file, good);
+        QTRY_VERIFY_WITH_TIMEOUT(popoverRows().contains(QLatin1String("By Hand")), 20000);
+
+        const QStringList rows = popoverRows();
+        m_home->write(file, "{\"profiles\":[");
+        const auto alert = [this]() -> QString {
+            const auto popover = m_driver->openPopover();
+            if (!popover) {
+                return {};
+            }
+            const auto alerts = m_driver->a11y().findAll(*popover, QStringLiteral("alert"), {});
+            return alerts.isEmpty() ? QString() : m_driver->a11y().name(alerts.first());
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(alert().contains(QLatin1String("cannot be read as profiles")),
+                                 20000);
+        QCOMPARE(popoverRows(), rows);
+        QCOMPARE(m_home->read(file), QByteArray("{\"profiles\":["));
+
+        m_home->write(file, good);
+        QTRY_VERIFY_WITH_TIMEOUT(alert().isEmpty(), 20000);
+        QCOMPARE(popoverRows(), rows);
     }
 };
 

@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Kivora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "activation/ProfileFileWatcher.h"
 #include "menubar/ProfileListModel.h"
+#include "model/ProfileCodec.h"
+#include "settings/profiles/ProfileActions.h"
 #include "support/ManagedHome.h"
 
 #include <QAbstractItemModelTester>
@@ -142,6 +145,38 @@ private slots:
         QCOMPARE(m_manager->activeProfileID(), std::optional<QUuid>(work.id));
         QVERIFY(!m_model->hasActiveProfile());
         QCOMPARE(names(), QStringList({QStringLiteral("Home")}));
+    }
+
+    // Someone else writes the profile file while the application runs: the rows follow it,
+    // and a file that cannot be read is said in the popover and on the profiles page until
+    // it can.
+    void followsTheFileWrittenBySomeoneElse()
+    {
+        ProfileActions actions(*m_manager);
+        ProfileFileWatcher watcher(*m_manager);
+        const QString file = QStringLiteral(".git-switcher/profiles.json");
+        QSignalSpy inserted(m_model.get(), &QAbstractItemModel::rowsInserted);
+
+        m_managed->home().write(file, "{\"profiles\":");
+        QTRY_VERIFY_WITH_TIMEOUT(!m_model->error().isEmpty(), 20000);
+        const QString path = m_managed->home().filePath(file);
+        QVERIFY2(m_model->error().contains(path), qPrintable(m_model->error()));
+        QVERIFY(m_model->error().endsWith(QLatin1Char('.')));
+        QCOMPARE(actions.error(), m_model->error());
+        QCOMPARE(names(), QStringList({QStringLiteral("Work"), QStringLiteral("Home")}));
+        // A popover view that starts afresh still says it.
+        const QString sentence = m_model->error();
+        m_model->clearError();
+        QCOMPARE(m_model->error(), sentence);
+
+        QList<GitProfile> profiles = m_manager->profiles();
+        profiles << profile(QStringLiteral("Lab"));
+        m_managed->home().write(file, ProfileCodec::encodeStore({profiles, std::nullopt}));
+        QTRY_VERIFY_WITH_TIMEOUT(m_model->error().isEmpty(), 20000);
+        QVERIFY(actions.error().isEmpty());
+        QCOMPARE(names(), QStringList({QStringLiteral("Work"), QStringLiteral("Home"),
+                                       QStringLiteral("Lab")}));
+        QCOMPARE(inserted.size(), 1);
     }
 };
 
