@@ -1660,6 +1660,10 @@ Exit status: 0 on success, 1 when the work failed, 2 for a usage error.
         <source>&quot;%1&quot; was removed meanwhile; nothing was changed</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1; the profiles shown are the last ones that could be read</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ProfileResolver</name>
