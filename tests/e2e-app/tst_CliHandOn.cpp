@@ -258,21 +258,31 @@ private slots:
 
         const QStringList rows = popoverRows();
         m_home->write(file, "{\"profiles\":[");
+        // What the popover's shown error sentence says.
         const auto alert = [this]() -> QString {
             const auto popover = m_driver->openPopover();
             if (!popover) {
                 return {};
             }
-            const auto alerts = m_driver->a11y().findAll(*popover, QStringLiteral("alert"), {});
-            return alerts.isEmpty() ? QString() : m_driver->a11y().name(alerts.first());
+            QStringList shown;
+            for (const AtSpiClient::Node& node :
+                 m_driver->a11y().findAll(*popover, QStringLiteral("alert message"), QString())) {
+                if (m_driver->a11y().hasState(node, QStringLiteral("showing"))) {
+                    shown << m_driver->a11y().name(node);
+                }
+            }
+            return shown.join(QLatin1Char('\n'));
         };
         QTRY_VERIFY_WITH_TIMEOUT(alert().contains(QLatin1String("cannot be read as profiles")),
                                  20000);
         QCOMPARE(popoverRows(), rows);
         QCOMPARE(m_home->read(file), QByteArray("{\"profiles\":["));
+        const auto popover = m_driver->openPopover();
+        QVERIFY(popover);
+        QVERIFY(m_driver->saveScreenshot(*popover, QStringLiteral("popover-file-unreadable.png")));
 
         m_home->write(file, good);
-        QTRY_VERIFY_WITH_TIMEOUT(alert().isEmpty(), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(!alert().contains(QLatin1String("cannot be read")), 20000);
         QCOMPARE(popoverRows(), rows);
     }
 };
