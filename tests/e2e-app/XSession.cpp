@@ -206,6 +206,21 @@ QRect XSession::trayIconArea(const QString& className) const
     return {};
 }
 
+double XSession::meanGray(const QImage& image, const QRect& area)
+{
+    const QRect inside = area.intersected(image.rect());
+    if (inside.isEmpty()) {
+        return -1;
+    }
+    double sum = 0;
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        for (int x = inside.left(); x <= inside.right(); ++x) {
+            sum += qGray(image.pixel(x, y));
+        }
+    }
+    return sum / (inside.width() * inside.height());
+}
+
 QImage XSession::captureScreen() const
 {
     QTemporaryDir dir;

@@ -44,6 +44,8 @@ public:
     QRect trayIconArea(const QString& className) const;
     QImage capture(const QRect& area) const;
     QImage captureScreen() const;
+    // The mean brightness (0 to 255) of `area` in `image`; -1 when the area lies outside it.
+    static double meanGray(const QImage& image, const QRect& area);
 
 private:
     void stop(std::unique_ptr<QProcess>& process);

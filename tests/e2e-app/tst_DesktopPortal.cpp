@@ -18,25 +18,6 @@
 
 #include <memory>
 
-namespace {
-
-double meanGray(const QImage& image, const QRect& area)
-{
-    const QRect inside = area.intersected(image.rect());
-    if (inside.isEmpty()) {
-        return -1;
-    }
-    double sum = 0;
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            sum += qGray(image.pixel(x, y));
-        }
-    }
-    return sum / (inside.width() * inside.height());
-}
-
-} // namespace
-
 // Kivora on a desktop with the XDG desktop portal and its GTK backend (as on GNOME, XFCE and
 // most others): "System" appearance follows the colour scheme the portal reports, live, and
 // export and import use the portal's file chooser. The colour scheme is set where the GTK
@@ -59,7 +40,6 @@ private:
     // The mean grey of an empty stretch of the settings window's page background.
     double settingsBackground() const;
     QRect settingsArea() const;
-    std::optional<AtSpiClient::Node> appWindow(const QString& title, int timeoutMs) const;
     // Presses the sidebar's quick action and fills in the portal's chooser.
     std::optional<AtSpiClient::Node> chooserDialog(const QString& title, int timeoutMs) const;
     void exportTo(const QString& typedName);
@@ -146,7 +126,8 @@ QRect DesktopPortal::settingsArea() const
 {
     // Where the window's content is on the screen, as it tells assistive technology (the
     // window manager's frame is not part of it).
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 5000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 5000);
     return window ? m_desktop->accessibility().extents(*window) : QRect();
 }
 
@@ -156,30 +137,15 @@ double DesktopPortal::settingsBackground() const
     const QImage screen = m_desktop->x().captureScreen();
     const QPoint inside(window.left() + window.width() * 3 / 4,
                         window.top() + window.height() * 4 / 5);
-    return meanGray(screen, QRect(inside, QSize(60, 30)));
-}
-
-std::optional<AtSpiClient::Node> DesktopPortal::appWindow(const QString& title, int timeoutMs) const
-{
-    AtSpiClient& a11y = m_desktop->accessibility();
-    QElapsedTimer waited;
-    waited.start();
-    do {
-        for (const AtSpiClient::Node& window : a11y.children(*m_application)) {
-            if (a11y.name(window) == title && a11y.hasState(window, QStringLiteral("visible"))) {
-                return window;
-            }
-        }
-        QThread::msleep(200);
-    } while (waited.elapsed() < timeoutMs);
-    return std::nullopt;
+    return XSession::meanGray(screen, QRect(inside, QSize(60, 30)));
 }
 
 void DesktopPortal::systemAppearanceFollowsThePortal()
 {
     QVERIFY(m_tray->clickMenuEntry(QStringLiteral("Settings…")));
     QVERIFY(m_desktop->x().waitForWindow(QStringLiteral("^Kivora Settings$"), 30000));
-    QVERIFY(appWindow(QStringLiteral("Kivora Settings"), 15000));
+    QVERIFY(m_desktop->accessibility().waitForWindow(*m_application,
+                                                     QStringLiteral("Kivora Settings"), 15000));
 
     // The portal was started by Kivora's own request for the colour scheme.
     QTRY_VERIFY_WITH_TIMEOUT(portalRunning(), 30000);
@@ -201,7 +167,8 @@ void DesktopPortal::tooltipsAndContextMenusFollowDarkMode()
 {
     AtSpiClient& a11y = m_desktop->accessibility();
     XSession& x = m_desktop->x();
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
 
     // A tooltip: the pointer rests on a favourite star.
@@ -220,7 +187,7 @@ void DesktopPortal::tooltipsAndContextMenusFollowDarkMode()
     QVERIFY(AppProcess::saveScreenshot(shot.copy(tipArea.adjusted(-120, -30, 60, 30)),
                                        QStringLiteral("tooltip-dark.png")));
     // A dark plate; its light text covers only a small part of it.
-    QVERIFY2(meanGray(shot, tipArea) < 110, "the tooltip is not dark");
+    QVERIFY2(XSession::meanGray(shot, tipArea) < 110, "the tooltip is not dark");
 
     // A context menu: the right button on the "Profiles" page of the sidebar.
     const auto label = a11y.find(*window, QStringLiteral("page tab"), QStringLiteral("Profiles"));
@@ -235,7 +202,7 @@ void DesktopPortal::tooltipsAndContextMenusFollowDarkMode()
     const QImage menu = x.captureScreen();
     QVERIFY(AppProcess::saveScreenshot(menu.copy(entryArea.adjusted(-10, -10, 10, 10)),
                                        QStringLiteral("context-menu-dark.png")));
-    QVERIFY2(meanGray(menu, entryArea) < 110, "the context menu is not dark");
+    QVERIFY2(XSession::meanGray(menu, entryArea) < 110, "the context menu is not dark");
     x.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Escape")});
 }
 
@@ -265,7 +232,8 @@ std::optional<AtSpiClient::Node> DesktopPortal::chooserDialog(const QString& tit
 void DesktopPortal::exportTo(const QString& typedName)
 {
     AtSpiClient& a11y = m_desktop->accessibility();
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
     const auto action =
         a11y.find(*window, QStringLiteral("push button"), QStringLiteral("Export Profiles"));
@@ -320,7 +288,8 @@ void DesktopPortal::exportAsksBeforeReplacingAFileTheChooserDidNotAskAbout()
     if (QTest::currentTestFailed()) {
         return;
     }
-    auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
     auto cancel =
         a11y.waitFor(*window, QStringLiteral("push button"), QStringLiteral("Cancel"), 15000);
@@ -347,7 +316,8 @@ void DesktopPortal::exportAsksBeforeReplacingAFileTheChooserDidNotAskAbout()
 void DesktopPortal::importOpensThroughThePortal()
 {
     AtSpiClient& a11y = m_desktop->accessibility();
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
     const auto action =
         a11y.find(*window, QStringLiteral("push button"), QStringLiteral("Import Profiles"));

@@ -14,25 +14,6 @@
 
 #include <memory>
 
-namespace {
-
-double meanGray(const QImage& image, const QRect& area)
-{
-    const QRect inside = area.intersected(image.rect());
-    if (inside.isEmpty()) {
-        return -1;
-    }
-    double sum = 0;
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            sum += qGray(image.pixel(x, y));
-        }
-    }
-    return sum / (inside.width() * inside.height());
-}
-
-} // namespace
-
 // A lighter desktop: an XEmbed tray (trayer), no XDG portal. The tray menu is Kivora's own
 // and follows dark mode; export and import use Qt's own file dialog, also dark, and Kivora
 // asks before an export replaces a file, since that dialog does not.
@@ -47,7 +28,6 @@ private slots:
     void exportAsksBeforeReplacing();
 
 private:
-    std::optional<AtSpiClient::Node> appWindow(const QString& title, int timeoutMs) const;
     // Presses "Export Profiles" and fills in Qt's dialog with `typedName`.
     void exportTo(const QString& typedName, bool screenshot);
 
@@ -100,23 +80,6 @@ void DesktopWithoutPortal::cleanupTestCase()
     m_home.reset();
 }
 
-std::optional<AtSpiClient::Node> DesktopWithoutPortal::appWindow(const QString& title,
-                                                                 int timeoutMs) const
-{
-    AtSpiClient& a11y = m_desktop->accessibility();
-    QElapsedTimer waited;
-    waited.start();
-    do {
-        for (const AtSpiClient::Node& window : a11y.children(*m_application)) {
-            if (a11y.name(window) == title && a11y.hasState(window, QStringLiteral("visible"))) {
-                return window;
-            }
-        }
-        QThread::msleep(200);
-    } while (waited.elapsed() < timeoutMs);
-    return std::nullopt;
-}
-
 void DesktopWithoutPortal::trayMenuIsDarkAndOpensSettings()
 {
     XSession& x = m_desktop->x();
@@ -134,21 +97,23 @@ void DesktopWithoutPortal::trayMenuIsDarkAndOpensSettings()
     do {
         QThread::msleep(300);
         screen = x.captureScreen();
-    } while (meanGray(screen, menu) > 110 && waited.elapsed() < 15000);
+    } while (XSession::meanGray(screen, menu) > 110 && waited.elapsed() < 15000);
     QVERIFY(AppProcess::saveScreenshot(screen.copy(menu.adjusted(-80, -30, 150, 60)),
                                        QStringLiteral("tray-menu-dark.png")));
-    QVERIFY2(meanGray(screen, menu) < 110, "the tray menu is not dark");
+    QVERIFY2(XSession::meanGray(screen, menu) < 110, "the tray menu is not dark");
     // Open Kivora, then Settings…
     x.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Down"),
                                       QStringLiteral("Down"), QStringLiteral("Return")});
-    QVERIFY2(appWindow(QStringLiteral("Kivora Settings"), 30000),
+    QVERIFY2(m_desktop->accessibility().waitForWindow(*m_application,
+                                                      QStringLiteral("Kivora Settings"), 30000),
              "\"Settings…\" opened no settings window");
 }
 
 void DesktopWithoutPortal::exportTo(const QString& typedName, bool screenshot)
 {
     AtSpiClient& a11y = m_desktop->accessibility();
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
     const auto action =
         a11y.find(*window, QStringLiteral("push button"), QStringLiteral("Export Profiles"));
@@ -174,7 +139,8 @@ void DesktopWithoutPortal::exportTo(const QString& typedName, bool screenshot)
     });
     QVERIFY2(name, qPrintable(a11y.dump(*m_application)));
     if (screenshot) {
-        const auto settings = appWindow(QStringLiteral("Kivora Settings"), 1000);
+        const auto settings = m_desktop->accessibility().waitForWindow(
+            *m_application, QStringLiteral("Kivora Settings"), 1000);
         QVERIFY(settings);
         QThread::msleep(500);
         const QImage screen = m_desktop->x().captureScreen();
@@ -182,7 +148,8 @@ void DesktopWithoutPortal::exportTo(const QString& typedName, bool screenshot)
                                            QStringLiteral("file-dialog-dark.png")));
         // The dialog's own surface, just above its file name field.
         const QRect field = a11y.extents(*name);
-        QVERIFY2(meanGray(screen, QRect(field.left(), field.top() - 40, field.width(), 20)) < 110,
+        QVERIFY2(XSession::meanGray(screen,
+                                    QRect(field.left(), field.top() - 40, field.width(), 20)) < 110,
                  "Qt's file dialog is not dark");
     }
     // Typed, as a user does: the dialog takes the name from what is typed into the field.
@@ -217,7 +184,8 @@ void DesktopWithoutPortal::exportAsksBeforeReplacing()
     if (QTest::currentTestFailed()) {
         return;
     }
-    const auto window = appWindow(QStringLiteral("Kivora Settings"), 10000);
+    const auto window = m_desktop->accessibility().waitForWindow(
+        *m_application, QStringLiteral("Kivora Settings"), 10000);
     QVERIFY(window);
     const auto replace =
         a11y.waitFor(*window, QStringLiteral("push button"), QStringLiteral("Replace"), 15000);

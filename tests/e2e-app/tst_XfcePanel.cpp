@@ -36,7 +36,6 @@ private:
     QPoint trayPoint() const;
     void closeWindow(const QString& window);
     bool popoverShown() const;
-    std::optional<AtSpiClient::Node> appFrame(const QString& title, int timeoutMs) const;
     QString windowProperty(const QString& window, const QString& property) const;
 
     std::unique_ptr<TestHome> m_home;
@@ -106,22 +105,6 @@ void XfcePanel::cleanupTestCase()
     m_home.reset();
 }
 
-std::optional<AtSpiClient::Node> XfcePanel::appFrame(const QString& title, int timeoutMs) const
-{
-    AtSpiClient& a11y = m_desktop->accessibility();
-    QElapsedTimer waited;
-    waited.start();
-    do {
-        for (const AtSpiClient::Node& window : a11y.children(*m_application)) {
-            if (a11y.name(window) == title && a11y.hasState(window, QStringLiteral("visible"))) {
-                return window;
-            }
-        }
-        QThread::msleep(200);
-    } while (waited.elapsed() < timeoutMs);
-    return std::nullopt;
-}
-
 bool XfcePanel::popoverShown() const
 {
     return m_desktop->x().waitForWindow(QStringLiteral("^Kivora$"), 300).has_value();
@@ -178,7 +161,9 @@ void XfcePanel::activateTogglesThePopover()
 {
     QVERIFY(!popoverShown());
     QVERIFY(activate());
-    QVERIFY2(appFrame(QStringLiteral("Kivora"), 15000), "Activate did not open the popover");
+    QVERIFY2(
+        m_desktop->accessibility().waitForWindow(*m_application, QStringLiteral("Kivora"), 15000),
+        "Activate did not open the popover");
     QVERIFY(m_desktop->x().waitForWindow(QStringLiteral("^Kivora$"), 10000));
     QVERIFY(activate());
     QTRY_VERIFY_WITH_TIMEOUT(!popoverShown(), 15000);
@@ -199,7 +184,8 @@ void XfcePanel::popoverStaysPutWhenAProfileIsClicked()
 
     // The pointer wanders off; the popover keeps the anchor it opened with.
     x.move(300, 600);
-    const auto frame = appFrame(QStringLiteral("Kivora"), 10000);
+    const auto frame =
+        m_desktop->accessibility().waitForWindow(*m_application, QStringLiteral("Kivora"), 10000);
     QVERIFY(frame);
     const auto row =
         a11y.waitFor(*frame, QStringLiteral("radio button"), QStringLiteral("Profile 2"), 15000);
@@ -247,7 +233,8 @@ void XfcePanel::menuSettingsOpensTheSettingsWindow()
     QVERIFY2(icon.startsWith(QStringLiteral("_NET_WM_ICON(CARDINAL)")) &&
                  icon.contains(QStringLiteral("Icon (32 x 32)")),
              qPrintable(icon.left(200)));
-    QVERIFY(appFrame(QStringLiteral("Kivora Settings"), 10000));
+    QVERIFY(m_desktop->accessibility().waitForWindow(*m_application,
+                                                     QStringLiteral("Kivora Settings"), 10000));
 }
 
 void XfcePanel::controlCommaOpensPreferences()
@@ -262,7 +249,8 @@ void XfcePanel::controlCommaOpensPreferences()
     QVERIFY2(preferences, "Ctrl+, in the settings window opened no preferences window");
     QCOMPARE(windowProperty(*preferences, QStringLiteral("_NET_WM_NAME")),
              QStringLiteral("_NET_WM_NAME(UTF8_STRING) = \"Kivora Preferences\""));
-    QVERIFY(appFrame(QStringLiteral("Kivora Preferences"), 10000));
+    QVERIFY(m_desktop->accessibility().waitForWindow(*m_application,
+                                                     QStringLiteral("Kivora Preferences"), 10000));
     closeWindow(*preferences);
     QTRY_VERIFY_WITH_TIMEOUT(!x.waitForWindow(QStringLiteral("^Kivora Preferences"), 200), 15000);
 }
@@ -272,7 +260,8 @@ void XfcePanel::menuPreferencesOpensThePreferencesWindow()
     QVERIFY(m_tray->clickMenuEntry(QStringLiteral("Preferences…")));
     QVERIFY2(m_desktop->x().waitForWindow(QStringLiteral("^Kivora Preferences$"), 20000),
              "\"Preferences…\" opened no preferences window");
-    QVERIFY(appFrame(QStringLiteral("Kivora Preferences"), 10000));
+    QVERIFY(m_desktop->accessibility().waitForWindow(*m_application,
+                                                     QStringLiteral("Kivora Preferences"), 10000));
 }
 
 QTEST_GUILESS_MAIN(XfcePanel)

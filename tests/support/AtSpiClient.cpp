@@ -281,6 +281,22 @@ std::optional<AtSpiClient::Node> AtSpiClient::waitFor(const Node& root, const QS
 }
 
 std::optional<AtSpiClient::Node>
+AtSpiClient::waitForWindow(const Node& application, const QString& title, int timeoutMs) const
+{
+    QElapsedTimer waited;
+    waited.start();
+    do {
+        for (const Node& window : children(application)) {
+            if (name(window) == title && hasState(window, QStringLiteral("visible"))) {
+                return window;
+            }
+        }
+        QThread::msleep(200);
+    } while (waited.elapsed() < timeoutMs);
+    return std::nullopt;
+}
+
+std::optional<AtSpiClient::Node>
 AtSpiClient::waitForAnywhere(const QString& role, const QString& name, int timeoutMs) const
 {
     QElapsedTimer waited;

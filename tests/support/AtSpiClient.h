@@ -62,6 +62,9 @@ public:
     // Waits until find() succeeds: the tree changes as windows open.
     std::optional<Node> waitFor(const Node& root, const QString& role, const QString& name,
                                 int timeoutMs) const;
+    // Waits for a visible top-level window of `application` with this title.
+    std::optional<Node> waitForWindow(const Node& application, const QString& title,
+                                      int timeoutMs) const;
     // Searches every application.
     std::optional<Node> waitForAnywhere(const QString& role, const QString& name,
                                         int timeoutMs) const;
