@@ -6,6 +6,7 @@
 #include "support/TestHome.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 #include <QtTest>
@@ -58,6 +59,12 @@ private:
     }
     QStringList storedNames() const;
     void arrangeProfiles();
+    // Opens the editor with `keys` (from a focused row), takes its screenshot with the name
+    // field focused, and closes it with Escape.
+    bool screenshotEditor(const QString& keys, const QString& file);
+    // Opens the delete confirmation with `keys`, takes its screenshot and cancels it.
+    bool screenshotDeleteDialog(const AppDriver::Node& settings, const QString& keys,
+                                const QString& file);
 
     std::unique_ptr<TestHome> m_home;
     std::unique_ptr<AppDriver> m_driver;
@@ -409,6 +416,45 @@ void tst_ProfilesPage::arrangeProfiles()
     m_home->write(QStringLiteral(".git-switcher/profiles.json"), ProfileCodec::encodeStore(data));
 }
 
+bool tst_ProfilesPage::screenshotEditor(const QString& keys, const QString& file)
+{
+    m_driver->key(keys);
+    const auto editor = m_driver->window(QStringLiteral("Edit Profile"));
+    if (!editor || !m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name"))) {
+        return false;
+    }
+    QThread::msleep(500);
+    if (!m_driver->saveScreenshot(*editor, file)) {
+        return false;
+    }
+    m_driver->key(QStringLiteral("Escape"));
+    return m_driver->windowGone(QStringLiteral("Edit Profile"));
+}
+
+bool tst_ProfilesPage::screenshotDeleteDialog(const AppDriver::Node& settings, const QString& keys,
+                                              const QString& file)
+{
+    const QString title = QStringLiteral("Delete Profile");
+    m_driver->key(keys);
+    if (!m_driver->control(settings, QStringLiteral("dialog"), title)) {
+        return false;
+    }
+    QThread::msleep(500);
+    if (!m_driver->saveScreenshot(settings, file)) {
+        return false;
+    }
+    m_driver->key(QStringLiteral("Escape"));
+    QElapsedTimer waited;
+    waited.start();
+    while (m_driver->control(settings, QStringLiteral("dialog"), title, 0)) {
+        if (waited.elapsed() > 5000) {
+            return false;
+        }
+        QThread::msleep(150);
+    }
+    return true;
+}
+
 void tst_ProfilesPage::screenshotsInLightMode()
 {
     m_driver->stopApp();
@@ -423,37 +469,18 @@ void tst_ProfilesPage::screenshotsInLightMode()
     QThread::msleep(400);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("profiles-page-light.png")));
     // The editor of the first profile (OpenAI), its name field focused.
-    m_driver->key(QStringLiteral("Up Menu Return"));
-    auto editor = m_driver->window(QStringLiteral("Edit Profile"));
-    QVERIFY(editor);
-    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-openai-light.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    QVERIFY(screenshotEditor(QStringLiteral("Up Menu Return"),
+                             QStringLiteral("editor-openai-light.png")));
     // The editor of the second profile (Local).
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Work")));
-    m_driver->key(QStringLiteral("Down Menu Return"));
-    editor = m_driver->window(QStringLiteral("Edit Profile"));
-    QVERIFY(editor);
-    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-local-light.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    QVERIFY(screenshotEditor(QStringLiteral("Down Menu Return"),
+                             QStringLiteral("editor-local-light.png")));
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Local Models")));
     m_driver->key(QStringLiteral("Up"));
     // The delete confirmation of the first profile (it has a key), its first button focused.
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Work")));
-    m_driver->key(QStringLiteral("Menu Down Return"));
-    QVERIFY(
-        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("delete-dialog-light.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_driver->control(*settings, QStringLiteral("dialog"),
-                                                QStringLiteral("Delete Profile"), 0),
-                             5000);
+    QVERIFY(screenshotDeleteDialog(*settings, QStringLiteral("Menu Down Return"),
+                                   QStringLiteral("delete-dialog-light.png")));
     QCOMPARE(stored()->profiles.size(), 3);
 }
 
@@ -469,33 +496,14 @@ void tst_ProfilesPage::screenshotsInDarkMode()
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Local Models")));
     QThread::msleep(400);
     QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("profiles-page-dark.png")));
-    m_driver->key(QStringLiteral("Menu Return"));
-    auto editor = m_driver->window(QStringLiteral("Edit Profile"));
-    QVERIFY(editor);
-    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-local-dark.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
-    m_driver->key(QStringLiteral("Menu Down Return"));
     QVERIFY(
-        m_driver->control(*settings, QStringLiteral("dialog"), QStringLiteral("Delete Profile")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*settings, QStringLiteral("delete-dialog-dark.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_driver->control(*settings, QStringLiteral("dialog"),
-                                                QStringLiteral("Delete Profile"), 0),
-                             5000);
+        screenshotEditor(QStringLiteral("Menu Return"), QStringLiteral("editor-local-dark.png")));
+    QVERIFY(screenshotDeleteDialog(*settings, QStringLiteral("Menu Down Return"),
+                                   QStringLiteral("delete-dialog-dark.png")));
     // The first profile's editor (OpenAI), and the key scan at its first key.
     QVERIFY(m_driver->waitForFocus(*settings, radio, QStringLiteral("Local Models")));
-    m_driver->key(QStringLiteral("Up Menu Return"));
-    editor = m_driver->window(QStringLiteral("Edit Profile"));
-    QVERIFY(editor);
-    QVERIFY(m_driver->waitForFocus(*editor, text, QStringLiteral("Profile Name")));
-    QThread::msleep(500);
-    QVERIFY(m_driver->saveScreenshot(*editor, QStringLiteral("editor-openai-dark.png")));
-    m_driver->key(QStringLiteral("Escape"));
-    QVERIFY(m_driver->windowGone(QStringLiteral("Edit Profile")));
+    QVERIFY(screenshotEditor(QStringLiteral("Up Menu Return"),
+                             QStringLiteral("editor-openai-dark.png")));
     m_driver->key(QStringLiteral("ctrl+f"));
     QVERIFY(tabTo(*settings, button, QStringLiteral("Scan SSH Keys")));
     m_driver->key(QStringLiteral("Return"));
