@@ -29,6 +29,7 @@ Item {
         spacing: Theme.spacingL
 
         Text {
+            textFormat: Text.PlainText
             text: qsTr("Updates")
             font: Theme.headline
             color: Theme.primaryText
@@ -39,6 +40,7 @@ Item {
             onClicked: Updater.checkForUpdates()
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "lastCheckedText"
             visible: Updater.hasLastUpdateCheckDate
             text: view.tick >= 0 && Updater.hasLastUpdateCheckDate

@@ -48,6 +48,7 @@ Window {
                 Layout.fillWidth: true
                 spacing: Theme.spacingS
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "updaterHeadline"
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text
@@ -66,6 +67,7 @@ Window {
                     }
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "updaterDetail"
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text

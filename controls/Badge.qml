@@ -41,6 +41,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
         }
         Text {
+            textFormat: Text.PlainText
             text: badge.text
             Accessible.ignored: true
             font.family: Theme.caption.family

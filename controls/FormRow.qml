@@ -16,6 +16,7 @@ RowLayout {
     spacing: Theme.spacingL
 
     Text {
+        textFormat: Text.PlainText
         Layout.preferredWidth: Theme.formLabelWidth
         Layout.alignment: Qt.AlignVCenter
         text: formRow.label

@@ -40,6 +40,7 @@ Item {
     }
 
     Text {
+        textFormat: Text.PlainText
         objectName: "styleLetter"
         visible: mark.iconStyle === "text"
         anchors.centerIn: parent

@@ -71,6 +71,7 @@ ComboBox {
             anchors.verticalCenter: parent.verticalCenter
         }
         Text {
+            textFormat: Text.PlainText
             width: Math.min(implicitWidth, picker.availableWidth)
             text: picker.displayText
             font: picker.font
@@ -121,6 +122,7 @@ ComboBox {
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
+                textFormat: Text.PlainText
                 text: picker.textAt(entry.index)
                 font: picker.font
                 color: entry.highlighted ? Theme.accentText : Theme.primaryText

@@ -43,6 +43,7 @@ AbstractButton {
             anchors.verticalCenter: parent.verticalCenter
         }
         Text {
+            textFormat: Text.PlainText
             text: button.text
             font: button.textFont
             color: button.foreground

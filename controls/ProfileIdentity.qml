@@ -35,6 +35,7 @@ RowLayout {
         Layout.fillWidth: true
         spacing: Theme.spacingXXS
         Text {
+            textFormat: Text.PlainText
             objectName: "nameText"
             Layout.fillWidth: true
             text: identity.profileName
@@ -43,6 +44,7 @@ RowLayout {
             elide: Text.ElideRight
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "identityText"
             Layout.fillWidth: true
             text: identity.identityLine

@@ -67,6 +67,7 @@ Button {
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
+                textFormat: Text.PlainText
                 text: button.text
                 font: button.font
                 color: button.foreground

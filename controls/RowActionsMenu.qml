@@ -65,6 +65,7 @@ Menu {
             onTriggered: menu.chosen = modelData.name
 
             contentItem: Text {
+                textFormat: Text.PlainText
                 leftPadding: Theme.spacingM
                 rightPadding: Theme.spacingM
                 text: entry.text

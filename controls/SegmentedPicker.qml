@@ -110,6 +110,7 @@ Rectangle {
         }
 
         contentItem: Text {
+            textFormat: Text.PlainText
             text: segment.text
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter

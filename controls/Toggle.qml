@@ -78,6 +78,7 @@ Switch {
     }
 
     contentItem: Text {
+        textFormat: Text.PlainText
         visible: control.text.length > 0
         rightPadding: control.text.length > 0 ? control.indicator.width + control.spacing : 0
         text: control.text

@@ -39,6 +39,7 @@ Rectangle {
             RowLayout {
                 Layout.fillWidth: true
                 Text {
+                    textFormat: Text.PlainText
                     text: qsTr("Active Profile")
                     font: Theme.caption
                     color: Theme.secondaryText
@@ -52,6 +53,7 @@ Rectangle {
             }
 
             Text {
+                textFormat: Text.PlainText
                 objectName: "noProfileText"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
@@ -62,6 +64,7 @@ Rectangle {
             }
 
             Text {
+                textFormat: Text.PlainText
                 objectName: "activeProfileName"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text

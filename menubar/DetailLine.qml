@@ -22,6 +22,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
     }
     Text {
+        textFormat: Text.PlainText
         width: Math.max(0, line.width - Theme.symbolXS - line.spacing)
         text: line.text
         font: Theme.subheadline

@@ -151,6 +151,7 @@ Item {
         // Why the last switch or deletion did not go through, or why the profile file that
         // someone else changed cannot be read.
         Text {
+            textFormat: Text.PlainText
             objectName: "actionError"
             Layout.fillWidth: true
             Layout.leftMargin: Theme.spacingM

@@ -156,6 +156,7 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
             }
             Text {
+                textFormat: Text.PlainText
                 text: qsTr("Switched")
                 font: Theme.caption
                 color: Theme.green

@@ -34,6 +34,7 @@ AbstractButton {
             size: Theme.symbolL
         }
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: banner.text
             font: Theme.subheadline

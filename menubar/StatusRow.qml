@@ -20,6 +20,7 @@ RowLayout {
     Accessible.description: value
 
     Text {
+        textFormat: Text.PlainText
         text: row.label
         font: Theme.subheadline
         color: Theme.secondaryText
@@ -35,6 +36,7 @@ RowLayout {
         Layout.rightMargin: Theme.spacingXS
     }
     Text {
+        textFormat: Text.PlainText
         objectName: "statusValue"
         text: row.value
         font: Theme.subheadline

@@ -63,6 +63,7 @@ SettingsContainer {
             }
 
             Text {
+                textFormat: Text.PlainText
                 objectName: "noProfilesText"
                 Layout.fillWidth: true
                 visible: page.profileCount === 0
@@ -90,6 +91,7 @@ SettingsContainer {
                         tint: Theme.accent
                     }
                     Text {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: profileRow.name
                         font: Theme.body
@@ -97,6 +99,7 @@ SettingsContainer {
                         elide: Text.ElideRight
                     }
                     Text {
+                        textFormat: Text.PlainText
                         text: qsTr("Not configured")
                         font: Theme.subheadline
                         color: Theme.secondaryText
@@ -105,6 +108,7 @@ SettingsContainer {
             }
 
             Text {
+                textFormat: Text.PlainText
                 objectName: "moreProfilesText"
                 visible: page.profileCount > page.shownProfiles
                 text: qsTr("+ %1 more").arg(page.profileCount - page.shownProfiles)

@@ -45,12 +45,14 @@ SettingsContainer {
                     Layout.fillWidth: true
                     spacing: Theme.spacingXXS
                     Text {
+                        textFormat: Text.PlainText
                         objectName: "appName"
                         text: "Kivora"
                         font: Theme.title
                         color: Theme.primaryText
                     }
                     Text {
+                        textFormat: Text.PlainText
                         objectName: "appVersion"
                         text: qsTr("Version 1.0.0 (Build 1)")
                         font: Theme.body
@@ -115,6 +117,7 @@ SettingsContainer {
         spacing: Theme.spacingXXS
 
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("Built with Qt")
@@ -122,6 +125,7 @@ SettingsContainer {
             color: Theme.secondaryText
         }
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("© 2026 Kivora. All rights reserved.")

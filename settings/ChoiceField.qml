@@ -24,6 +24,7 @@ ColumnLayout {
     spacing: Theme.spacingS
 
     Text {
+        textFormat: Text.PlainText
         text: field.label
         font.family: Theme.body.family
         font.pixelSize: Theme.body.pixelSize
@@ -39,6 +40,7 @@ ColumnLayout {
         onActivated: rawValue => field.activated(rawValue)
     }
     Text {
+        textFormat: Text.PlainText
         objectName: field.descriptionName
         Layout.fillWidth: true
         text: {

@@ -36,6 +36,7 @@ RowLayout {
         Layout.fillWidth: true
         spacing: Theme.spacingXXS
         Text {
+            textFormat: Text.PlainText
             objectName: "featureTitle"
             Layout.fillWidth: true
             text: row.title
@@ -46,6 +47,7 @@ RowLayout {
             elide: Text.ElideRight
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "featureDescription"
             Layout.fillWidth: true
             text: row.description

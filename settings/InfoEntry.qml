@@ -16,6 +16,7 @@ ColumnLayout {
     spacing: Theme.spacingXXS
 
     Text {
+        textFormat: Text.PlainText
         objectName: "entryTitle"
         Layout.fillWidth: true
         text: entry.title
@@ -26,6 +27,7 @@ ColumnLayout {
         wrapMode: Text.WordWrap
     }
     Text {
+        textFormat: Text.PlainText
         objectName: "entryDescription"
         Layout.fillWidth: true
         text: entry.description

@@ -46,6 +46,7 @@ AbstractButton {
             size: Theme.symbolXL
         }
         Text {
+            textFormat: Text.PlainText
             text: link.text
             font.family: link.font.family
             font.pixelSize: link.font.pixelSize

@@ -18,6 +18,7 @@ Rectangle {
             size: Theme.headerIconSize
         }
         Text {
+            textFormat: Text.PlainText
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTr("Select a settings page")
             font: Theme.headline

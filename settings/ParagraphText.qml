@@ -7,6 +7,7 @@ import Kivora
 
 // A paragraph of a page, wrapped to the card's width.
 Text {
+    textFormat: Text.PlainText
     property bool secondary: false
 
     Layout.fillWidth: true

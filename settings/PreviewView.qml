@@ -49,12 +49,14 @@ Rectangle {
                 Layout.fillWidth: true
                 spacing: Theme.spacingXXS
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "previewProfileName"
                     text: qsTr("Work")
                     font: Theme.headline
                     color: Theme.primaryText
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "previewEmailLine"
                     Layout.fillWidth: true
                     visible: preview.showEmail
@@ -69,6 +71,7 @@ Rectangle {
         Divider { Layout.fillWidth: true }
 
         Text {
+            textFormat: Text.PlainText
             objectName: "previewSecondProfile"
             Layout.fillWidth: true
             text: preview.sampleName + " · " + preview.samplePersonalEmail

@@ -21,12 +21,14 @@ RowLayout {
         Layout.fillWidth: true
         spacing: Theme.spacingXXS
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: row.name
             font: Theme.body
             color: Theme.primaryText
         }
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: row.models
             font: Theme.caption
@@ -35,6 +37,7 @@ RowLayout {
     }
 
     Text {
+        textFormat: Text.PlainText
         objectName: "providerStatus"
         text: row.configured ? qsTr("Configured") : qsTr("Not configured")
         font: Theme.subheadline

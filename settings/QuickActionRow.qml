@@ -68,6 +68,7 @@ AbstractButton {
             size: Theme.symbolXL
         }
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             Layout.rightMargin: Theme.spacingML
             text: row.title

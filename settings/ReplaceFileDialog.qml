@@ -53,6 +53,7 @@ Popup {
             size: 30
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "dialogTitle"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -65,6 +66,7 @@ Popup {
             wrapMode: Text.Wrap
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "dialogMessage"
             Accessible.role: Accessible.StaticText
             Accessible.name: text

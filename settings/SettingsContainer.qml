@@ -85,6 +85,7 @@ Rectangle {
                 Layout.fillWidth: true
                 spacing: Theme.spacingXXS
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "pageTitle"
                     text: container.title
                     Accessible.role: Accessible.Heading
@@ -94,6 +95,7 @@ Rectangle {
                     color: Theme.primaryText
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "pageSubtitle"
                     Layout.fillWidth: true
                     text: container.subtitle

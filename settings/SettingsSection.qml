@@ -23,11 +23,13 @@ ColumnLayout {
         Layout.fillWidth: true
         spacing: Theme.spacingXS
         Text {
+            textFormat: Text.PlainText
             text: section.title
             font: Theme.headline
             color: Theme.secondaryText
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "sectionDescription"
             visible: section.description.length > 0
             Layout.fillWidth: true

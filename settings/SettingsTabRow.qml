@@ -111,6 +111,7 @@ Rectangle {
             size: Theme.symbolXL
         }
         Text {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: row.title
             font: Theme.body

@@ -205,6 +205,7 @@ Item {
 
             // Why the last export or import did nothing; a click puts it away.
             Text {
+                textFormat: Text.PlainText
                 objectName: "transferError"
                 Layout.fillWidth: true
                 Layout.margins: Theme.spacingL

@@ -6,6 +6,7 @@ import Kivora
 
 // A section title in the settings sidebar.
 Text {
+    textFormat: Text.PlainText
     width: parent ? parent.width : implicitWidth
     topPadding: Theme.spacingXL
     bottomPadding: Theme.spacingXS

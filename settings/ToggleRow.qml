@@ -24,6 +24,7 @@ RowLayout {
         Layout.fillWidth: true
         spacing: Theme.spacingXXS
         Text {
+            textFormat: Text.PlainText
             objectName: "toggleTitle"
             Layout.fillWidth: true
             text: row.title
@@ -32,6 +33,7 @@ RowLayout {
             elide: Text.ElideRight
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "toggleDescription"
             Layout.fillWidth: true
             visible: row.description.length > 0

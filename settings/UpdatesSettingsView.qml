@@ -55,6 +55,7 @@ SettingsContainer {
                 spacing: Theme.spacingL
 
                 Text {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     text: qsTr("Check Frequency")
                     font: Theme.body

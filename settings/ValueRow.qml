@@ -20,6 +20,7 @@ RowLayout {
     Accessible.description: value
 
     Text {
+        textFormat: Text.PlainText
         Layout.fillWidth: true
         text: row.label
         font.family: Theme.body.family
@@ -29,6 +30,7 @@ RowLayout {
         elide: Text.ElideRight
     }
     Text {
+        textFormat: Text.PlainText
         objectName: "value"
         text: row.value
         font: Theme.body

@@ -88,6 +88,7 @@ SettingsSection {
                 }
             }
             Text {
+                textFormat: Text.PlainText
                 objectName: "localHint"
                 visible: section.form.showsBaseURL && text.length > 0
                 Layout.fillWidth: true
@@ -121,6 +122,7 @@ SettingsSection {
                         size: Theme.symbolL + 1
                     }
                     Text {
+                        textFormat: Text.PlainText
                         objectName: "connectionStatusText"
                         Layout.fillWidth: true
                         text: section.form.connectionStatus !== null

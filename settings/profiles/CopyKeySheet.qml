@@ -40,6 +40,7 @@ Rectangle {
             size: Theme.successSymbolSize
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "sheetTitle"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -49,6 +50,7 @@ Rectangle {
             color: Theme.primaryText
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "copiedText"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -76,6 +78,7 @@ Rectangle {
                 spacing: Theme.spacingML
 
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "instructionText"
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text

@@ -86,6 +86,7 @@ Popup {
             size: Theme.dialogSymbolSize
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "dialogTitle"
             Layout.fillWidth: true
             Layout.topMargin: Theme.spacingXS
@@ -95,6 +96,7 @@ Popup {
             horizontalAlignment: Text.AlignHCenter
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "dialogMessage"
             Layout.fillWidth: true
             text: dialog.message

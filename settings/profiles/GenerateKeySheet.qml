@@ -41,6 +41,7 @@ Rectangle {
         spacing: Theme.spacingXL
 
         Text {
+            textFormat: Text.PlainText
             objectName: "sheetTitle"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -77,6 +78,7 @@ Rectangle {
         }
 
         Text {
+            textFormat: Text.PlainText
             objectName: "generateError"
             Layout.fillWidth: true
             visible: sheet.form.generationError.length > 0

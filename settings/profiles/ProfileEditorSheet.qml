@@ -123,6 +123,7 @@ Rectangle {
             spacing: Theme.spacingM
 
             Text {
+                textFormat: Text.PlainText
                 objectName: "sheetTitle"
                 text: editor.title
                 font: Theme.headline
@@ -211,6 +212,7 @@ Rectangle {
             spacing: Theme.spacingL
 
             Text {
+                textFormat: Text.PlainText
                 id: saveErrorText
                 objectName: "saveError"
                 Layout.fillWidth: true

@@ -46,6 +46,7 @@ SettingsSection {
 
     SettingsCard {
         Text {
+            textFormat: Text.PlainText
             objectName: "noRulesText"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -71,6 +72,7 @@ SettingsSection {
                     size: Theme.symbolL
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "ruleText"
                     Layout.fillWidth: true
                     text: ruleRow.modelData.shown
@@ -124,6 +126,7 @@ SettingsSection {
                 onClicked: section.chooseFolder()
             }
             Text {
+                textFormat: Text.PlainText
                 objectName: "rulesErrorText"
                 visible: section.ruleList.errorText.length > 0
                 Layout.fillWidth: true

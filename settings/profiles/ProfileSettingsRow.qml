@@ -175,6 +175,7 @@ Item {
                 nameFont: Theme.settingsRowTitle
 
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "rulesText"
                     visible: rowRules.summary.length > 0
                     Layout.fillWidth: true

@@ -128,11 +128,13 @@ SettingsContainer {
             ColumnLayout {
                 spacing: Theme.spacingXXS
                 Text {
+                    textFormat: Text.PlainText
                     text: qsTr("Your Profiles")
                     font: Theme.headline
                     color: Theme.primaryText
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "countText"
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text
@@ -160,6 +162,7 @@ SettingsContainer {
         }
 
         Text {
+            textFormat: Text.PlainText
             objectName: "actionError"
             Layout.fillWidth: true
             visible: ProfileActions.error.length > 0
@@ -172,6 +175,7 @@ SettingsContainer {
         }
 
         Text {
+            textFormat: Text.PlainText
             objectName: "keyDeletionMessage"
             Layout.fillWidth: true
             visible: page.keyDeletionMessage.length > 0
@@ -199,6 +203,7 @@ SettingsContainer {
                 size: Theme.largeTitleSymbolSize
             }
             Text {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
                 text: qsTr("No profiles yet")
@@ -206,6 +211,7 @@ SettingsContainer {
                 color: Theme.primaryText
             }
             Text {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
                 text: qsTr("Add your first profile to get started")

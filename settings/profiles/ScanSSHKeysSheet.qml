@@ -73,6 +73,7 @@ Rectangle {
             size: Theme.symbolXXL
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "scanningText"
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -90,6 +91,7 @@ Rectangle {
             Layout.fillWidth: true
             spacing: Theme.spacingXS
             Text {
+                textFormat: Text.PlainText
                 objectName: "stepText"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
@@ -98,6 +100,7 @@ Rectangle {
                 color: Theme.primaryText
             }
             Text {
+                textFormat: Text.PlainText
                 objectName: "keyText"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
@@ -165,6 +168,7 @@ Rectangle {
                 size: Theme.headerIconSize
             }
             Text {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacingXS
                 horizontalAlignment: Text.AlignHCenter
@@ -173,6 +177,7 @@ Rectangle {
                 color: Theme.primaryText
             }
             Text {
+                textFormat: Text.PlainText
                 objectName: "createdText"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text

@@ -56,6 +56,7 @@ SettingsSection {
         }
 
         Text {
+            textFormat: Text.PlainText
             objectName: "signingStatus"
             Layout.fillWidth: true
             readonly property string issue: section.form.error.length > 0 ? section.form.error

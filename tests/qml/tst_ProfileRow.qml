@@ -87,6 +87,45 @@ Item {
             verify(sameColor(findChild(row, "deleteButton").foreground, Theme.red))
         }
 
+        // Every Text under `item` whose text is `value`.
+        function textsShowing(item, value) {
+            let found = []
+            for (let i = 0; i < item.children.length; ++i) {
+                const child = item.children[i]
+                if (child.text === value && child.contentWidth !== undefined)
+                    found.push(child)
+                found = found.concat(textsShowing(child, value))
+            }
+            return found
+        }
+
+        // A name or identity from an imported file is shown as the characters it holds: markup
+        // in it is never interpreted (no styling, no image fetched from an address).
+        function test_markupInNamesIsShownAsTyped() {
+            // Short enough to fit unelided: interpreted, the tags would take no room.
+            const name = "<b>W</b>"
+            const identity = "<i>Ada</i> · a@w"
+            const row = createTemporaryObject(rowComponent, stage,
+                                              { profileName: name, identity: identity })
+            for (const value of [name, identity]) {
+                const shown = textsShowing(row, value)
+                verify(shown.length > 0, "no text shows " + value)
+                for (const text of shown) {
+                    const literal = createTemporaryObject(plainTextComponent, stage,
+                                                          { text: value, font: text.font,
+                                                            width: text.width,
+                                                            elide: text.elide,
+                                                            wrapMode: text.wrapMode })
+                    compare(text.contentWidth, literal.contentWidth)
+                }
+            }
+        }
+
+        Component {
+            id: plainTextComponent
+            Text { textFormat: Text.PlainText }
+        }
+
         Component {
             id: signalSpyComponent
             SignalSpy {}
